@@ -1,0 +1,33 @@
+#include "foundation/Trace.h"
+
+#include "foundation/TraceSink.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <memory>
+#include <new>
+
+bool gTraceEnabled = false;
+bool gAssertsEnabled = false;
+
+int Trace(const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    va_list measure;
+    va_copy(measure, args);
+    const int length = std::vsnprintf(nullptr, 0, format, measure);
+    va_end(measure);
+    if (length < 0) {
+        va_end(args);
+        return -1;
+    }
+    std::unique_ptr<char[]> buffer(new (std::nothrow) char[static_cast<size_t>(length) + 1]());
+    if (!buffer) {
+        va_end(args);
+        return -1;
+    }
+    std::vsnprintf(buffer.get(), static_cast<size_t>(length) + 1, format, args);
+    va_end(args);
+    WriteDebugOutput(buffer.get(), static_cast<size_t>(length));
+    return length;
+}

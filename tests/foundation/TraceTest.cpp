@@ -1,0 +1,49 @@
+#include "foundation/Trace.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+struct AssertSwitch {
+    explicit AssertSwitch(bool on) { gAssertsEnabled = on; }
+    ~AssertSwitch() { gAssertsEnabled = false; }
+};
+
+} // namespace
+
+TEST(Trace, ReturnsTheCountAndFormatsWideStrings) {
+    testing::internal::CaptureStderr();
+    const int empty = Trace("%s", "");
+    const int count = Trace("%S=%i\n", L"wide", 42);
+    const std::string written = testing::internal::GetCapturedStderr();
+
+    EXPECT_EQ(empty, 0);
+    EXPECT_EQ(count, 8);
+    EXPECT_EQ(written, "wide=42\n");
+}
+
+TEST(Trace, AssertionPrintsOnlyWhenEnabledAndNeverStops) {
+    int evaluated = 0;
+    auto failing = [&] {
+        ++evaluated;
+        return false;
+    };
+
+    testing::internal::CaptureStderr();
+    VRX_ASSERT(failing());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(evaluated, 0);
+
+    AssertSwitch on(true);
+    testing::internal::CaptureStderr();
+    VRX_ASSERT(failing());
+    VRX_ASSERT_NOT_REACHED("Oops - Number of physical monitors is zero");
+    const std::string written = testing::internal::GetCapturedStderr();
+
+    EXPECT_EQ(evaluated, 1);
+    EXPECT_NE(written.find("Assert:(failing()) in "), std::string::npos);
+    EXPECT_NE(written.find("Assert:(\"Oops - Number of physical monitors is zero\") in "),
+              std::string::npos);
+}
