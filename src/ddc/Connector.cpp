@@ -1,5 +1,6 @@
 #include "ddc/Connector.h"
 
+#include "foundation/HexDump.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
 
@@ -60,6 +61,7 @@ Connector::~Connector() = default;
 
 bool Connector::Close() {
     mEDID.clear();
+    mCachedVersion = FileVersion();
     return true;
 }
 
@@ -82,6 +84,9 @@ std::string Connector::ReadEDIDText(uint32_t sid_I, uint8_t tag_I, bool toFirstZ
     const std::array<uint8_t, 4> header = {0x00, 0x00, tag_I, 0x00};
     const auto found = std::search(mEDID.begin(), mEDID.end(), header.begin(), header.end());
     if (found == mEDID.end()) {
+        if (gTraceEnabled) {
+            DumpBuffer(mEDID, "EDID result");
+        }
         return {};
     }
     std::string text;
@@ -146,6 +151,9 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
     for (;;) {
         const ByteVector request =
             private_I ? BuildPrivateCapabilitiesRequest(offset) : BuildCapabilitiesRequest(offset);
+        if (tracing) {
+            DumpBuffer(request, "GetCapabilities request");
+        }
         ByteVector reply;
         // A short fragment is asked again with the same frame, for as long as it comes.
         for (;;) {
@@ -168,6 +176,7 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
         if (tracing) {
             const std::string asText(reply.begin(), reply.end());
             Trace("Data read from Scalar in string form \n\t\"%s\"\n", asText.c_str());
+            DumpBuffer(reply, "Data read from Scalar");
         }
         if ((reply[1] & 0x7F) == kEmptyFragmentPayload && reply[3] == (offset >> 8) &&
             reply[4] == (offset & 0xFF)) {
@@ -184,8 +193,15 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
 }
 
 bool Connector::SaveSettingsToScalar() {
-    ByteVector reply =
-        SendRequest(BuildSaveCurrentSettings(), kSaveDelayS, kExchangeExpectedSize, 0);
+    const bool tracing = gTraceEnabled;
+    const ByteVector request = BuildSaveCurrentSettings();
+    if (tracing) {
+        DumpBuffer(request, "Save w");
+    }
+    ByteVector reply = SendRequest(request, kSaveDelayS, kExchangeExpectedSize, 0);
+    if (tracing) {
+        DumpBuffer(reply, "Save r");
+    }
     if (reply.size() < kShortestSaveReply) {
         Trace("Send request failed\n");
         return false;
@@ -201,10 +217,18 @@ bool Connector::SaveSettingsToScalar() {
 }
 
 bool Connector::ScalarReset() {
-    ByteVector reply = SendRequest(BuildScalarReset(), kResetDelayS, kExchangeExpectedSize, 0);
+    const bool tracing = gTraceEnabled;
+    const ByteVector request = BuildScalarReset();
+    if (tracing) {
+        DumpBuffer(request, "Reset w");
+    }
+    ByteVector reply = SendRequest(request, kResetDelayS, kExchangeExpectedSize, 0);
     if (reply.size() < kShortestResetReply) {
         Trace("Send request failed\n");
         return false;
+    }
+    if (tracing) {
+        DumpBuffer(reply, "Reset r");
     }
     DropCheckByte(reply, "ScalarReset:Read checksum failed %i %i\n");
     if (StartsWith(reply, {0x6E, 0x88, 0x02}) || StartsWith(reply, {0x80, 0xBE, 0x6E}) ||

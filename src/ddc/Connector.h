@@ -5,11 +5,10 @@
 // version. A connector has no lock; one thread at a time uses it.
 
 #include "ddc/Frames.h"
+#include "foundation/FileVersion.h"
 
 #include <cstdint>
 #include <string>
-
-class FileVersion;
 
 // The display's 32-bit identifier (USB vendor id high, product id low) when none is known.
 constexpr uint32_t kNoTabletId = 0xFFFFFFFFu;
@@ -34,7 +33,7 @@ public:
     virtual int ConnectorType() = 0;
     virtual bool Open(const std::string& port_I) = 0;
     virtual bool Open(long device_I) = 0;
-    // Drops what the base has cached; always succeeds.
+    // Drops the EDID and the cached version; always succeeds.
     virtual bool Close();
     virtual bool IsOpen() = 0;
     // The reply frame, or an empty vector when the request failed or nothing came back. The
@@ -64,7 +63,10 @@ protected:
     std::string ReadCapabilitiesStandard(int retries);
     std::string ReadCapabilitiesPrivate(int retries);
 
+    // The raw EDID, read on first demand; empty counts as not read.
     ByteVector mEDID;
+    // For the children's firmware reads; zero after construction and after Close.
+    FileVersion mCachedVersion;
 
 private:
     std::string ReadCapabilities(bool private_I, int retries);
