@@ -23,48 +23,50 @@ vcpCode EntryCode(const std::string& key_I) {
 }
 
 template <typename T>
-std::shared_ptr<VCPOptionBase> MakeNamedEnumeration(vcpCode code_I, const std::string& optionSet_I,
-                                                    const SVCPCodeInfo& info_I) {
-    VRX_ASSERT(!optionSet_I.empty());
-    VRX_ASSERT(!info_I.Continuous() && !info_I.Table());
-    return std::make_shared<VCPOptionCodeWithEnumerationT<T>>(code_I, info_I, optionSet_I);
+std::shared_ptr<VCPOptionBase> MakeNamedEnumeration(vcpCode code, const std::string& optionSet,
+                                                    const VCPCodeInfoMap& codeInfo_I) {
+    VRX_ASSERT(!optionSet.empty());
+    VRX_ASSERT(!codeInfo_I.at(code).Continuous() && !codeInfo_I.at(code).Table());
+    return std::make_shared<VCPOptionCodeWithEnumerationT<T>>(code, codeInfo_I.at(code), optionSet);
 }
 
-std::shared_ptr<VCPOptionBase> MakeOption(vcpCode code_I, const std::string& optionSet_I,
-                                          const SVCPCodeInfo& info_I, bool gammaContinuous_I) {
-    switch (code_I) {
+std::shared_ptr<VCPOptionBase> MakeOption(vcpCode code, const std::string& optionSet,
+                                          const VCPCodeInfoMap& codeInfo_I,
+                                          bool gammaContinuous_I) {
+    switch (code) {
     case vcpC_SelectColorPreset:
-        return MakeNamedEnumeration<colorPresetCode>(code_I, optionSet_I, info_I);
+        return MakeNamedEnumeration<colorPresetCode>(code, optionSet, codeInfo_I);
     case vcpC_Gamma:
         if (gammaContinuous_I) {
-            VRX_ASSERT(info_I.Continuous() && !info_I.Table());
-            return std::make_shared<VCPOptionSingleCode>(code_I, info_I);
+            VRX_ASSERT(codeInfo_I.at(code).Continuous() && !codeInfo_I.at(code).Table());
+            return std::make_shared<VCPOptionSingleCode>(code, codeInfo_I.at(code));
         }
-        return MakeNamedEnumeration<gammaCode>(code_I, optionSet_I, info_I);
+        return MakeNamedEnumeration<gammaCode>(code, optionSet, codeInfo_I);
     case vcpC_DisplayScaling:
     case vcpC_AspectRatio:
-        return MakeNamedEnumeration<displayScalingCode>(code_I, optionSet_I, info_I);
+        return MakeNamedEnumeration<displayScalingCode>(code, optionSet, codeInfo_I);
     case vcpC_UniformityCompensation:
-        return MakeNamedEnumeration<uniformityCompCode>(code_I, optionSet_I, info_I);
+        return MakeNamedEnumeration<uniformityCompCode>(code, optionSet, codeInfo_I);
     case vcpC_ColorSpace:
-        return MakeNamedEnumeration<colorSpaceCode>(code_I, optionSet_I, info_I);
+        return MakeNamedEnumeration<colorSpaceCode>(code, optionSet, codeInfo_I);
     case vcpC_LedBrightness:
-        return MakeNamedEnumeration<ledBrightnessCode>(code_I, optionSet_I, info_I);
+        return MakeNamedEnumeration<ledBrightnessCode>(code, optionSet, codeInfo_I);
     case vcpC_DisplayPresets:
-        return MakeNamedEnumeration<displayPresetCode>(code_I, optionSet_I, info_I);
+        return MakeNamedEnumeration<displayPresetCode>(code, optionSet, codeInfo_I);
     default:
         break;
     }
-    if (!optionSet_I.empty()) {
-        return MakeNamedEnumeration<int>(code_I, optionSet_I, info_I);
+    if (!optionSet.empty()) {
+        return MakeNamedEnumeration<int>(code, optionSet, codeInfo_I);
     }
-    if (info_I.Table()) {
+    const SVCPCodeInfo& info = codeInfo_I.at(code);
+    if (info.Table()) {
         return nullptr;
     }
-    if (info_I.Continuous()) {
-        return std::make_shared<VCPOptionSingleCode>(code_I, info_I);
+    if (info.Continuous()) {
+        return std::make_shared<VCPOptionSingleCode>(code, info);
     }
-    return std::make_shared<VCPOptionCodeWithEnumerationT<int>>(code_I, info_I, std::string());
+    return std::make_shared<VCPOptionCodeWithEnumerationT<int>>(code, info, std::string());
 }
 
 void TraceCreated(const VCPOptionBase& option_I, const std::string& optionSet_I) {
@@ -78,24 +80,23 @@ void TraceCreated(const VCPOptionBase& option_I, const std::string& optionSet_I)
     }
 }
 
-void FinishEntry(std::string& key_IO, std::string& optionSet_IO, const VCPCodeInfoMap& codeInfo_I,
+void FinishEntry(std::string& key, std::string& optionSet, const VCPCodeInfoMap& codeInfo_I,
                  bool gammaContinuous_I, VCPOptionsMap& options_IO) {
-    VRX_ASSERT(!key_IO.empty());
-    const vcpCode code = EntryCode(key_IO);
-    const auto info = codeInfo_I.find(code);
-    if (info != codeInfo_I.end()) {
-        auto option = MakeOption(code, optionSet_IO, info->second, gammaContinuous_I);
+    VRX_ASSERT(!key.empty());
+    const vcpCode code = EntryCode(key);
+    if (codeInfo_I.count(code) != 0) {
+        auto option = MakeOption(code, optionSet, codeInfo_I, gammaContinuous_I);
         if (!option) {
             Trace("Table Option %s <Not Implemented>\n", VCPCodeToString(code).c_str());
         } else {
             if (gTraceEnabled) {
-                TraceCreated(*option, optionSet_IO);
+                TraceCreated(*option, optionSet);
             }
             options_IO[code] = std::move(option);
         }
     }
-    key_IO.clear();
-    optionSet_IO.clear();
+    key.clear();
+    optionSet.clear();
 }
 
 } // namespace

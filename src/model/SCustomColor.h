@@ -22,9 +22,9 @@ struct SCustomColor {
     // nearest end so that a user's entry can never give a component outside 0 to 255.
     static SCustomColor FromCMYK(double cyan_I, double magenta_I, double yellow_I, double black_I);
 
-    uint8_t Red() const { return red; }
-    uint8_t Green() const { return green; }
-    uint8_t Blue() const { return blue; }
+    int32_t Red() const { return red; }
+    int32_t Green() const { return green; }
+    int32_t Blue() const { return blue; }
 
     bool operator==(const SCustomColor&) const = default;
 };

@@ -12,12 +12,13 @@ SVCPCodeInfo::SVCPCodeInfo(EAccess access_I, EKind kind_I, uint32_t readSize_I,
     if (access == eWriteOnly || access == ePlaceholder) {
         readSize = 0;
     }
+    if (kind == eContinuous) {
+        VRX_ASSERT(Readable());
+    }
 }
 
 SVCPCodeInfo SVCPCodeInfo::Continuous(EAccess access_I) {
-    SVCPCodeInfo info(access_I, eContinuous, 4, 2);
-    VRX_ASSERT(info.Readable());
-    return info;
+    return SVCPCodeInfo(access_I, eContinuous, 4, 2);
 }
 
 SVCPCodeInfo SVCPCodeInfo::NonContinuous(EAccess access_I) {
