@@ -141,6 +141,10 @@ std::optional<int32_t> ValueFromSpace(const std::array<SSpaceRow, N>& table_I,
 
 } // namespace
 
+bool HasColorTemperature(EModelGroup group_I) {
+    return TemperatureColumn(group_I).has_value();
+}
+
 std::optional<EColorTemperature> TemperatureFromPreset(EModelGroup group_I, int32_t preset_I) {
     const std::optional<size_t> column = TemperatureColumn(group_I);
     if (!column) {

@@ -30,6 +30,8 @@ using ModelGroups = uint32_t;
 constexpr ModelGroups kElmFamilyGroups = eModelGroup_Elm | eModelGroup_ElmLarge;
 constexpr ModelGroups kCedarFamilyGroups = eModelGroup_CedarOne | eModelGroup_CedarTwo;
 
+// Whether the model group selects colour temperatures through 0x14 at all.
+bool HasColorTemperature(EModelGroup group_I);
 // Colour temperature for a value of 0x14 on a model group; nothing when the cell is empty.
 std::optional<EColorTemperature> TemperatureFromPreset(EModelGroup group_I, int32_t preset_I);
 // The 0x14 value that selects a colour temperature; nothing when the model has no such row.

@@ -38,19 +38,19 @@ void UiDisplayDelegate::ResetOptions(bool includePresets_I) {
     mColorSetting = eColorSetting_Space;
 }
 
-bool UiDisplayDelegate::IsAspen() {
-    return CEdidBuilder::IsEdidOfTablet(TabletId::Aspen, mEDIDNumber);
+bool UiDisplayDelegate::IsAspen() const {
+    return IsOneOf({TabletId::Aspen});
 }
 
-bool UiDisplayDelegate::IsAspenTwo() {
-    return CEdidBuilder::IsEdidOfTablet(TabletId::AspenTwo, mEDIDNumber);
+bool UiDisplayDelegate::IsAspenTwo() const {
+    return IsOneOf({TabletId::AspenTwo});
 }
 
-bool UiDisplayDelegate::IsHazel() {
-    return CEdidBuilder::IsEdidOfTablet(TabletId::Hazel, mEDIDNumber);
+bool UiDisplayDelegate::IsHazel() const {
+    return IsOneOf({TabletId::Hazel});
 }
 
-EModelGroup UiDisplayDelegate::ModelGroup() {
+EModelGroup UiDisplayDelegate::ModelGroup() const {
     if (IsBirchFamily()) {
         return eModelGroup_Birch;
     }
@@ -84,7 +84,7 @@ EModelGroup UiDisplayDelegate::ModelGroup() {
     return eModelGroup_None;
 }
 
-bool UiDisplayDelegate::HasPercentColorScale() {
+bool UiDisplayDelegate::HasPercentColorScale() const {
     return IsAspen() || IsAspenTwo() || IsAlderFamily() || IsElmLargeFamily();
 }
 
@@ -111,7 +111,11 @@ SUserValue<bool> UiDisplayDelegate::ReadOnOff(vcpCode code_I) {
     return {result.valid, result.valid && result.value != 0};
 }
 
-vcpCode UiDisplayDelegate::BrightnessCode() {
+bool UiDisplayDelegate::IsOffered(vcpCode code_I) const {
+    return GetOptions().count(code_I) != 0;
+}
+
+vcpCode UiDisplayDelegate::BrightnessCode() const {
     if (IsFirFamily()) {
         return vcpC_BacklightControl;
     }
@@ -123,7 +127,7 @@ vcpCode UiDisplayDelegate::BrightnessCode() {
 
 // These scalers change brightness and contrast by their own menu and presets, so the cached
 // value is not trusted.
-bool UiDisplayDelegate::RefreshesLevels() {
+bool UiDisplayDelegate::RefreshesLevels() const {
     return IsElmFamily() || IsCedarFamily();
 }
 
@@ -298,7 +302,7 @@ bool UiDisplayDelegate::SetResetColor() {
     return result;
 }
 
-vcpCode UiDisplayDelegate::RestoreAspectRatioCode() {
+vcpCode UiDisplayDelegate::RestoreAspectRatioCode() const {
     const vcpCode code = AspectRatioCode(ModelGroup());
     return code != vcpC_Undefined ? code : vcpC_AspectRatio;
 }

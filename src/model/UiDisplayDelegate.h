@@ -158,13 +158,14 @@ public:
 private:
     using ColorTable = std::map<EColorMod, SCustomColor>;
 
-    bool IsAspen();
-    bool IsAspenTwo();
-    bool IsHazel();
+    bool IsAspen() const;
+    bool IsAspenTwo() const;
+    bool IsHazel() const;
     // The one group of the delegate's tables this display belongs to.
-    EModelGroup ModelGroup();
+    EModelGroup ModelGroup() const;
     // The colour controls of these models work in percent.
-    bool HasPercentColorScale();
+    bool HasPercentColorScale() const;
+    bool IsOffered(vcpCode code_I) const;
 
     // A read whose value is cut to the low 16 bits, as this class uses them.
     SUserValue<int32_t> Read(vcpCode code_I, bool refresh_I = false);
@@ -172,11 +173,13 @@ private:
     // A valid read that is not 0.
     bool IsOn(vcpCode code_I);
     SUserValue<bool> ReadOnOff(vcpCode code_I);
-    vcpCode BrightnessCode();
-    bool RefreshesLevels();
-    vcpCode RestoreAspectRatioCode();
+    vcpCode BrightnessCode() const;
+    bool RefreshesLevels() const;
+    vcpCode RestoreAspectRatioCode() const;
     bool Restore(vcpCode code_I, bool fromStored_I, int32_t stored_I);
-    bool ApplyColor(EColorMod slot_I, const SCustomColor& color_I);
+    // Writes a slot's colour from one of the colour tables; a slot never loaded has nothing
+    // to write.
+    bool WriteFromTable(const ColorTable& table_I, EColorMod slot_I);
     bool SetCedarCustomColor();
     bool SetElmColorSetting(EColorSetting setting_I);
     bool SetCedarColorSetting(EColorSetting setting_I);

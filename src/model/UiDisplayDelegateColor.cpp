@@ -81,7 +81,7 @@ bool UiDisplayDelegate::IsColorManaged() {
 SUserValue<EColorTemperature> UiDisplayDelegate::GetColorTemperature() {
     constexpr SUserValue<EColorTemperature> kNotValid{false, eColorTemperature_6500K};
     const EModelGroup group = ModelGroup();
-    if (!PresetFromTemperature(group, eColorTemperature_6500K)) {
+    if (!HasColorTemperature(group)) {
         return kNotValid;
     }
     const SUserValue<int32_t> preset = Read(vcpC_SelectColorPreset);
@@ -244,8 +244,8 @@ SUserValue<EColorSetting> UiDisplayDelegate::GetBirchColorSetting() {
     const int32_t preset = Read(vcpC_DisplayPresets).value;
     switch (preset) {
     case kBirchPresetStandard:
-        // The standard preset is no choice of this program: leave it for colour temperature,
-        // and toggle uniformity so the scaler reloads its tables.
+        // Standard is no setting of this program: go to colour temperature, then cycle
+        // uniformity compensation.
         SetColorSetting(eColorSetting_Temperature);
         SetVCPValue(vcpC_UniformityCompensation, 1);
         SetVCPValue(vcpC_UniformityCompensation, 0);
