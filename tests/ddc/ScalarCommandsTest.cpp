@@ -1,3 +1,4 @@
+#include "foundation/Trace.h"
 #include "foundation/VirtualClock.h"
 #include "support/CFakeConnector.h"
 
@@ -101,4 +102,32 @@ TEST(ScalarCommands, TracesOfBadCheckBytesAndUnknownReplies) {
               "ScalarReset:Read checksum failed 1 0\n"
               "ScalarReset:Read checksum failed 110 0\n"
               "response was one we don't recognize\n");
+}
+
+TEST(ScalarCommands, FramesAreDumpedOnlyWhenTracing) {
+    CScopedVirtualClock clock;
+    CFakeConnector connector;
+    connector.QueueReplies({BuildNullMessage(), BuildNullMessage(), BuildNullMessage(),
+                            BuildSimulatedResponse(1, 0x04, 0, 1)});
+    testing::internal::CaptureStderr();
+    connector.SaveSettingsToScalar();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+
+    gTraceEnabled = true;
+    testing::internal::CaptureStderr();
+    connector.SaveSettingsToScalar();
+    connector.ScalarReset();
+    connector.ScalarReset();
+    const std::string traced = testing::internal::GetCapturedStderr();
+    gTraceEnabled = false;
+
+    std::vector<std::string> titles;
+    for (size_t at = traced.find("Dumping: "); at != std::string::npos;
+         at = traced.find("Dumping: ", at + 1)) {
+        titles.push_back(traced.substr(at + 9, traced.find('\n', at) - at - 9));
+    }
+    // The short reply to the first reset fails before its dump.
+    EXPECT_EQ(titles,
+              (std::vector<std::string>{"Save w", "Save r", "Reset w", "Reset w", "Reset r"}));
+    EXPECT_NE(traced.find("00: 6e 51 81 0c b2 \n"), std::string::npos) << traced;
 }
