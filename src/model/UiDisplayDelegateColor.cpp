@@ -491,23 +491,27 @@ bool UiDisplayDelegate::SetCedarCustomColor() {
 }
 
 SUserValue<int32_t> UiDisplayDelegate::GetGamma() {
-    const SUserValue<int32_t> value = Read(vcpC_Gamma);
-    if (value.valid) {
-        if (IsBirchFamily() &&
-            (value.value == gamma_2_2_or_1_9 || value.value == gamma_2_4_or_2_2)) {
-            return {true, value.value};
-        }
-        if (IsElmFamily()) {
-            return {true, value.value};
-        }
-        if (IsCedarFamily() && value.value == gamma_2_2_or_1_9) {
-            return {true, eGamma_1_9};
-        }
-        if (IsCedarFamily() && value.value == gamma_ColorSpace_or_2_4) {
-            return {true, eGamma_2_4};
-        }
+    constexpr SUserValue<int32_t> kDefault{true, eGamma_2_2};
+    if (!IsBirchFamily() && !IsElmFamily() && !IsCedarFamily()) {
+        return kDefault;
     }
-    return {true, eGamma_2_2};
+    const SUserValue<int32_t> value = Read(vcpC_Gamma);
+    if (!value.valid) {
+        return kDefault;
+    }
+    if (IsElmFamily()) {
+        return value;
+    }
+    if (IsBirchFamily() && (value.value == gamma_2_2_or_1_9 || value.value == gamma_2_4_or_2_2)) {
+        return value;
+    }
+    if (IsCedarFamily() && value.value == gamma_2_2_or_1_9) {
+        return {true, eGamma_1_9};
+    }
+    if (IsCedarFamily() && value.value == gamma_ColorSpace_or_2_4) {
+        return {true, eGamma_2_4};
+    }
+    return kDefault;
 }
 
 bool UiDisplayDelegate::SetGamma(int32_t gamma_I) {

@@ -129,7 +129,9 @@ CDelegateBench::CDelegateBench(uint16_t edid_I, const std::vector<SFakeCode>& ch
     for (const SFakeCode& change : changes_I) {
         const auto same = [&change](const SFakeCode& code_I) { return code_I.code == change.code; };
         std::erase_if(codes, same);
-        codes.push_back(change);
+        if (!change.absent) {
+            codes.push_back(change);
+        }
     }
     std::sort(codes.begin(), codes.end(),
               [](const SFakeCode& a_I, const SFakeCode& b_I) { return a_I.code < b_I.code; });

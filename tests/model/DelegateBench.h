@@ -37,6 +37,8 @@ struct SFakeCode {
     uint16_t maximum = 0;
     // Offered in the capability string, but every read of it is refused.
     bool refused = false;
+    // Not offered at all.
+    bool absent = false;
 };
 
 using Writes = std::vector<std::pair<uint8_t, uint16_t>>;
