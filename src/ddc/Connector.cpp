@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <string_view>
 
 namespace {
 
@@ -42,7 +42,7 @@ bool StartsWith(const ByteVector& bytes_I, std::initializer_list<uint8_t> prefix
 }
 
 bool IsTrailingSpace(char c_I) {
-    return std::strchr(" \t\n\v\f\r", c_I) != nullptr && c_I != 0;
+    return std::string_view(" \t\n\v\f\r").find(c_I) != std::string_view::npos;
 }
 
 // Takes the reply's check byte off and traces a mismatch; a bad check never refuses the data.
