@@ -15,11 +15,16 @@ command -v ninja >/dev/null 2>&1 && generator=(-G Ninja)
 cmake --build "$dir" --target fuzz_targets
 
 mkdir -p "$dir/artifacts"
+failed=()
 while read -r name corpus; do
     [ -n "$name" ] || continue
     echo "== fuzz $name for ${seconds}s"
     mkdir -p "$dir/corpus/$name"
     "$dir/fuzz/${name}_fuzz" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
         -print_final_stats=1 -artifact_prefix="$dir/artifacts/${name}-" \
-        "$dir/corpus/$name" "$corpus"
+        "$dir/corpus/$name" "$corpus" || failed+=("$name")
 done <"$dir/fuzz_targets.txt"
+if [ ${#failed[@]} -gt 0 ]; then
+    echo "fuzz.sh: findings in ${failed[*]}; inputs in $dir/artifacts" >&2
+    exit 1
+fi
