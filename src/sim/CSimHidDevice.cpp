@@ -32,7 +32,7 @@ CSimHidDevice::CSimHidDevice(ISimFrameTarget& target_I, SSimHidIdentity identity
     : mTarget(target_I), mIdentity(std::move(identity_I)) {}
 
 bool CSimHidDevice::Open() {
-    if (!mPresent || mHeldExclusively) {
+    if (!Present() || mHeldExclusively) {
         return false;
     }
     ++mOpenCount;
@@ -57,7 +57,7 @@ bool CSimHidDevice::Refuse(std::string text_I) {
 }
 
 bool CSimHidDevice::SetFeature(const std::vector<uint8_t>& report_I) {
-    if (!mPresent) {
+    if (!Present()) {
         return false;
     }
     if (report_I.size() != kReportSize) {
@@ -108,7 +108,7 @@ void CSimHidDevice::HandleRequest(uint8_t kind_I, const std::vector<uint8_t>& re
 }
 
 bool CSimHidDevice::GetFeature(std::vector<uint8_t>& report_IO) {
-    if (!mPresent) {
+    if (!Present()) {
         return false;
     }
     if (report_IO.size() != kReportSize) {
@@ -126,6 +126,10 @@ bool CSimHidDevice::GetFeature(std::vector<uint8_t>& report_IO) {
         if (mNotReadyLeft != kForever) {
             --mNotReadyLeft;
         }
+        report_IO[kStatus] = mNotReadyCode;
+        return true;
+    }
+    if (mHasRequest && mBusyProbe && mBusyProbe()) {
         report_IO[kStatus] = mNotReadyCode;
         return true;
     }

@@ -6,7 +6,9 @@
 #include "sim/ISimFrameTarget.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct SSimHidIdentity {
@@ -51,6 +53,13 @@ public:
     // opened.
     void SetPresent(bool present_I) { mPresent = present_I; }
     void SetHeldExclusively(bool held_I) { mHeldExclusively = held_I; }
+    // Ties the device to the display's own state: busy_I is asked at each status poll once the
+    // chosen not-ready polls are spent, present_I at each call (a vanished display takes its HID
+    // interface with it).
+    void SetBusyProbe(std::function<bool()> busy_I) { mBusyProbe = std::move(busy_I); }
+    void SetPresenceProbe(std::function<bool()> present_I) {
+        mPresenceProbe = std::move(present_I);
+    }
 
     unsigned Requests() const { return mRequests; }
     unsigned StatusPolls() const { return mStatusPolls; }
@@ -58,6 +67,7 @@ public:
     const std::vector<std::string>& HostErrors() const { return mHostErrors; }
 
 private:
+    bool Present() const { return mPresent && (!mPresenceProbe || mPresenceProbe()); }
     bool Refuse(std::string text_I);
     void HandleRequest(uint8_t kind_I, const std::vector<uint8_t>& report_I);
 
@@ -75,4 +85,6 @@ private:
     unsigned mRequests = 0;
     unsigned mStatusPolls = 0;
     std::vector<std::string> mHostErrors;
+    std::function<bool()> mBusyProbe;
+    std::function<bool()> mPresenceProbe;
 };

@@ -21,7 +21,7 @@ constexpr size_t kFrameOverhead = 4;   // address, source, length, check byte
 CSimSerialDevice::CSimSerialDevice(ISimFrameTarget& target_I) : mTarget(target_I) {}
 
 bool CSimSerialDevice::Write(const uint8_t* data_I, size_t size_I) {
-    if (!mPlugged) {
+    if (!IsPlugged()) {
         return false;
     }
     if (!(mHostSettings == SSimSerialSettings{})) {
@@ -81,7 +81,7 @@ size_t CSimSerialDevice::Available() const {
 }
 
 int CSimSerialDevice::Read(uint8_t* buffer_O, size_t max_I) {
-    if (!mPlugged) {
+    if (!IsPlugged()) {
         return -1;
     }
     const size_t count = std::min(max_I, Available());

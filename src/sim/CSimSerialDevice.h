@@ -8,7 +8,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct SSimSerialSettings {
@@ -38,7 +40,11 @@ public:
     // Fault hooks: an unplugged port fails every call; a silent scaler hears the host and never
     // answers.
     void SetPlugged(bool plugged_I) { mPlugged = plugged_I; }
-    bool IsPlugged() const { return mPlugged; }
+    bool IsPlugged() const { return mPlugged && (!mPresenceProbe || mPresenceProbe()); }
+    // Ties the port to the display's own state: a vanished display takes its port with it.
+    void SetPresenceProbe(std::function<bool()> present_I) {
+        mPresenceProbe = std::move(present_I);
+    }
     void SetSilent(bool silent_I) { mSilent = silent_I; }
 
     unsigned FramesHandled() const { return mFramesHandled; }
@@ -59,4 +65,5 @@ private:
     int64_t mReplyStartNs = 0;
     unsigned mFramesHandled = 0;
     std::vector<std::string> mHostErrors;
+    std::function<bool()> mPresenceProbe;
 };

@@ -1,5 +1,7 @@
 #include "sim/CSimTiBridge.h"
 
+#include <cstddef>
+
 namespace {
 
 // Device values are the slot plus this base, so that none is 0.
