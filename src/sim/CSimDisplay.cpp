@@ -4,12 +4,18 @@
 
 #include "foundation/TimeSeam.h"
 
+#include <algorithm>
+#include <string>
+
 namespace {
 
 constexpr int64_t kNsPerMs = 1000000;
 constexpr size_t kNullMessageSize = 3;
 constexpr uint8_t kFeatureReply = 0x02;
 constexpr size_t kFeatureCodeAt = 4;
+constexpr size_t kOpcodeAt = 3;
+constexpr uint8_t kSetFeature = 0x03;
+constexpr uint8_t kSaveSettings = 0x0C;
 
 void Reseal(std::vector<uint8_t>& frame_I) {
     frame_I.back() =
@@ -40,9 +46,24 @@ std::vector<uint8_t> CSimDisplay::Transact(const std::vector<uint8_t>& frame_I) 
         mPlugged = false;
         return {};
     }
+    const int64_t now = MonotonicNs();
+    if (mRequestGapMs != 0 && mHadWrite && now - mLastWriteNs < mRequestGapMs * kNsPerMs) {
+        mScaler.ReportHostError("request " + std::to_string((now - mLastWriteNs) / kNsPerMs) +
+                                " ms after a write, wants " + std::to_string(mRequestGapMs));
+    }
+    mLastRequestNs = now;
+    const bool isWrite = frame_I.size() > kOpcodeAt &&
+                         (frame_I[kOpcodeAt] == kSetFeature || frame_I[kOpcodeAt] == kSaveSettings);
+    if (isWrite) {
+        mHadWrite = true;
+        mLastWriteNs = now;
+    }
     std::vector<uint8_t> reply = mScaler.Handle(frame_I);
     const std::optional<int> late = mFaults.Take(ESimFault::eLate);
-    mReadyAtNs = late ? MonotonicNs() + *late * kNsPerMs : 0;
+    mReadyAtNs = late ? now + *late * kNsPerMs : 0;
+    if (mReplyGapMs != 0) {
+        mReadyAtNs = std::max(mReadyAtNs, now + mReplyGapMs * kNsPerMs);
+    }
     if (mFaults.Take(ESimFault::eSilence)) {
         return {};
     }
@@ -72,6 +93,11 @@ std::vector<uint8_t> CSimDisplay::ApplyReplyFaults(std::vector<uint8_t> reply_I)
 bool CSimDisplay::PollNotReady() {
     std::lock_guard<std::mutex> lock(mLock);
     if (mReadyAtNs != 0 && MonotonicNs() < mReadyAtNs) {
+        if (mReplyGapMs != 0) {
+            mScaler.ReportHostError("reply read " +
+                                    std::to_string((MonotonicNs() - mLastRequestNs) / kNsPerMs) +
+                                    " ms after its request, wants " + std::to_string(mReplyGapMs));
+        }
         return true;
     }
     return mFaults.Take(ESimFault::eNotReady).has_value();
@@ -79,6 +105,12 @@ bool CSimDisplay::PollNotReady() {
 
 std::optional<int> CSimDisplay::TakeNack() {
     return mFaults.Take(ESimFault::eNack);
+}
+
+void CSimDisplay::SetTimingRules(uint32_t replyGapMs_I, uint32_t requestGapMs_I) {
+    std::lock_guard<std::mutex> lock(mLock);
+    mReplyGapMs = replyGapMs_I;
+    mRequestGapMs = requestGapMs_I;
 }
 
 bool CSimDisplay::IsPlugged() const {

@@ -43,6 +43,12 @@ public:
     // For the I2C slave: the byte index of a write transaction to refuse, if any.
     std::optional<int> TakeNack();
 
+    // The gaps that DDC/CI asks of a host on the video cable: a reply read sooner than
+    // replyGapMs_I after its request is not ready yet, and a request sooner than requestGapMs_I
+    // after a write (Set VCP Feature, Save Current Settings) is noted as the host's error. 0
+    // switches a rule off (the default).
+    void SetTimingRules(uint32_t replyGapMs_I, uint32_t requestGapMs_I);
+
     bool IsPlugged() const;
     void Unplug();
     // Plugged in again: the display has been off, so its values come back from non-volatile
@@ -61,4 +67,9 @@ private:
     mutable std::mutex mLock;
     bool mPlugged = true;
     int64_t mReadyAtNs = 0;
+    uint32_t mReplyGapMs = 0;
+    uint32_t mRequestGapMs = 0;
+    int64_t mLastRequestNs = 0;
+    int64_t mLastWriteNs = 0;
+    bool mHadWrite = false;
 };

@@ -237,7 +237,11 @@ std::vector<uint8_t> CSimScaler::HandleRequest(const std::vector<uint8_t>& paylo
 }
 
 std::vector<uint8_t> CSimScaler::GetFeature(const std::vector<uint8_t>& payload_I) {
-    if (payload_I.size() == 4 && payload_I[1] == kInformation && mFamily.edidIndexed) {
+    const bool indexed = payload_I.size() == 4 && payload_I[1] == kInformation;
+    if (indexed && !mFamily.edidIndexed) {
+        return Refuse(kInformation);
+    }
+    if (indexed) {
         const size_t at = payload_I[3] * kChunkSize;
         std::vector<uint8_t> chunk(kChunkSize, 0xFF);
         for (size_t i = 0; i < kChunkSize && at + i < mEdid.size(); ++i) {
@@ -408,6 +412,10 @@ std::vector<uint8_t> CSimScaler::Refuse(uint8_t code_I) const {
 }
 
 std::vector<uint8_t> CSimScaler::NoteHostError(std::string text_I) {
-    mHostErrors.push_back(std::move(text_I));
+    ReportHostError(std::move(text_I));
     return SimNullMessage();
+}
+
+void CSimScaler::ReportHostError(std::string text_I) {
+    mHostErrors.push_back(std::move(text_I));
 }

@@ -47,8 +47,9 @@ public:
         int refusedWrites = 0; // writes of unknown or read-only codes, or values not offered
     };
     const SCounters& Counters() const { return mCounters; }
-    // One line per malformed request, in order.
+    // One line per malformed request or broken rule of the bus, in order.
     const std::vector<std::string>& HostErrors() const { return mHostErrors; }
+    void ReportHostError(std::string text_I);
 
 private:
     std::vector<uint8_t> HandleRequest(const std::vector<uint8_t>& payload_I);

@@ -97,3 +97,26 @@ TEST_F(SimI2CSlave, SilentAndVanishedScalers) {
     ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
     EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply) << "unsaved 9 is gone after the power cut";
 }
+
+TEST_F(SimI2CSlave, VideoCableTimingRulesCatchAHastyHost) {
+    CScopedVirtualClock clock;
+    mDisplay.SetTimingRules(40, 50);
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    SleepMs(40);
+    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
+    ASSERT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 50)));
+    SleepMs(50);
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    SleepMs(40);
+    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
+    EXPECT_TRUE(mDisplay.Scaler().HostErrors().empty());
+
+    ASSERT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 50)));
+    SleepMs(49);
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    SleepMs(39);
+    EXPECT_EQ(I2CRead(mBus, 1), Bytes{0x00});
+    const std::vector<std::string> expected = {"request 49 ms after a write, wants 50",
+                                               "reply read 39 ms after its request, wants 40"};
+    EXPECT_EQ(mDisplay.Scaler().HostErrors(), expected);
+}
