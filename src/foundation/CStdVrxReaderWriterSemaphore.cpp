@@ -90,11 +90,12 @@ int CStdVrxReaderWriterSemaphore::ReadRelease() {
         VRX_ASSERT_NOT_REACHED("ReaderWriterSemaphore read release without a read request");
         return 0;
     }
-    if (mWriter == 0) {
-        UnlockShared();
-    }
+    // A thread holds one shared lock for all its read counts, and none while it writes.
     if (--held->second == 0) {
         mReaders.erase(held);
+        if (mWriter == 0) {
+            UnlockShared();
+        }
     }
     return 0;
 }
