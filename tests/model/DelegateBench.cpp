@@ -140,11 +140,11 @@ CDelegateBench::CDelegateBench(uint16_t edid_I, const std::vector<SFakeCode>& ch
         char hex[4];
         std::snprintf(hex, sizeof(hex), "%02X ", code.code);
         vcp += hex;
-        mCodes.push_back(code.code);
         if (!code.refused) {
             mFake->SetVcp(code.code, code.value, code.maximum);
         }
     }
+    mCodes = codes;
     mFake->SetCapabilities("(prot(monitor)type(LCD)model(TEST)cmds(01 02 03 0C F3)vcp(" + vcp +
                            ")mccs_ver(2.2))");
     mDelegate = std::make_shared<UiDisplayDelegate>(edid_I, mFake, builtIn_I);
@@ -153,8 +153,18 @@ CDelegateBench::CDelegateBench(uint16_t edid_I, const std::vector<SFakeCode>& ch
 }
 
 void CDelegateBench::ReadAll() {
-    for (uint8_t code : mCodes) {
-        mDelegate->GetVCPValue(static_cast<vcpCode>(code), false);
+    for (const SFakeCode& code : mCodes) {
+        mDelegate->GetVCPValue(static_cast<vcpCode>(code.code), false);
+    }
+    mFake->ClearSent();
+}
+
+void CDelegateBench::ResetScaler() {
+    for (const SFakeCode& code : mCodes) {
+        if (!code.refused) {
+            mFake->SetVcp(code.code, code.value, code.maximum);
+        }
+        mDelegate->GetVCPValue(static_cast<vcpCode>(code.code), true);
     }
     mFake->ClearSent();
 }

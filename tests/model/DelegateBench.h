@@ -62,6 +62,9 @@ public:
 
     // Reads every offered code once, as the dialogs do before they write.
     void ReadAll();
+    // Puts the scaler back in its first state and reads every code afresh; the delegate keeps
+    // its own state, such as its colour setting.
+    void ResetScaler();
     Writes SentWrites() const;
     size_t Traffic() const { return mFake->Sent().size(); }
     void ClearTraffic() { mFake->ClearSent(); }
@@ -73,5 +76,5 @@ public:
     bool mInitialized = false;
 
 private:
-    std::vector<uint8_t> mCodes;
+    std::vector<SFakeCode> mCodes;
 };
