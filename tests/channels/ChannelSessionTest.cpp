@@ -16,6 +16,7 @@
 
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::StartsWith;
 
@@ -110,6 +111,13 @@ TEST(ChannelSession, InitializesAndChangesBrightnessOverEveryChannel) {
         ASSERT_TRUE(display.SaveSettings());
         EXPECT_EQ(rig.Scaler().Saved(c.brightnessCode), wanted);
         EXPECT_EQ(rig.Scaler().Counters().saves, 1);
+
+        // A factory reset puts the saved value back to the factory's, and the host waits for it.
+        clock->ClearSleeps();
+        ASSERT_TRUE(display.SetVCPValue(vcpC_RestoreFactoryDefaults, 1));
+        EXPECT_EQ(rig.Scaler().Counters().factoryResets, 1);
+        EXPECT_EQ(rig.Scaler().Saved(c.brightnessCode), factory);
+        EXPECT_THAT(clock->Sleeps(), Contains(5000u));
         EXPECT_THAT(rig.Scaler().HostErrors(), ElementsAre());
     }
 }
