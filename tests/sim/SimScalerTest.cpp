@@ -143,7 +143,7 @@ TEST(SimScaler, GivesItsCapabilitiesInFragmentsOnEveryForm) {
         const std::string& caps = display.Scaler().CapabilityString();
         EXPECT_EQ(AsText(ReadFragments(display, {0xF3})), caps) << model.name;
         const Bytes privateForm = ReadFragments(display, {0xE2, 0xF3});
-        if (display.Scaler().Family().privateCaps) {
+        if (display.Scaler().Family().Has(eAnswersPrivateCaps)) {
             EXPECT_EQ(AsText(privateForm), caps) << model.name;
         } else {
             EXPECT_EQ(display.Transact(Request({0xE2, 0xF3, 0x00, 0x00})), kNullMessage);
