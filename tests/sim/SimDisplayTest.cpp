@@ -104,6 +104,9 @@ TEST(SimDisplay, KnowsItsIdentityAndChannels) {
     EXPECT_TRUE(display.AnswersOn(ESimChannel::eFtdi));
     EXPECT_TRUE(display.AnswersOn(ESimChannel::eVideo));
     EXPECT_FALSE(display.AnswersOn(ESimChannel::eHid));
+    display.SetChannels(SimChannelBit(ESimChannel::eHid));
+    EXPECT_TRUE(display.AnswersOn(ESimChannel::eHid));
+    EXPECT_FALSE(display.AnswersOn(ESimChannel::eVideo));
 
     const struct {
         std::string_view model;
