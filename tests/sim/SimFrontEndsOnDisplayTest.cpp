@@ -94,7 +94,7 @@ private:
     SimFtHandle mHandle = nullptr;
 };
 
-TEST(SimFrontEndsOnDisplay, FtdiBusCarriesReadsWritesAndNacks) {
+TEST(SimFrontEndsOnDisplay, FtdiBusCarriesReadsWritesRecordsAndNacks) {
     CScopedVirtualClock clock;
     CSimDisplay display = MakeDisplay("Birch");
     CSimFtdiChip chip(display.I2C(), {"FTBIRCH1", "Birch bridge", 0x21});
@@ -117,26 +117,17 @@ TEST(SimFrontEndsOnDisplay, FtdiBusCarriesReadsWritesAndNacks) {
     EXPECT_EQ(host.WriteFrame(SetVcp(0x10, 7)), 3);
     EXPECT_EQ(display.Scaler().Current(0x10), 42);
 
+    ASSERT_EQ(host.WriteFrame(GetVcp(0xF2)), -1);
+    SleepMs(10);
+    const Bytes record = host.ReadReply();
+    ASSERT_EQ(record.size(), 56u);
+    EXPECT_EQ(XorAll(record, 0x50), 0);
+    EXPECT_EQ(AsText(Bytes(record.begin() + 30, record.begin() + 43)), "AB12cd34EF567");
+
     // A scaler still at work answers 0x00 where the reply should begin.
     display.Faults().Arm({ESimFault::eNotReady});
     ASSERT_EQ(host.WriteFrame(GetVcp(0x10)), -1);
     EXPECT_EQ(host.ReadReply(), Bytes{0x00});
-}
-
-TEST(SimFrontEndsOnDisplay, FtdiReadsTheInformationRecord) {
-    CScopedVirtualClock clock;
-    CSimDisplay display = MakeDisplay("Birch");
-    CSimFtdiChip chip(display.I2C(), {"FTBIRCH1", "Birch bridge", 0x21});
-    CSimFtdiLibrary library;
-    library.AddChip(chip);
-    CFtdiHost host(library);
-
-    ASSERT_EQ(host.WriteFrame(GetVcp(0xF2)), -1);
-    SleepMs(10);
-    const Bytes reply = host.ReadReply();
-    ASSERT_EQ(reply.size(), 56u);
-    EXPECT_EQ(XorAll(reply, 0x50), 0);
-    EXPECT_EQ(AsText(Bytes(reply.begin() + 30, reply.begin() + 43)), "AB12cd34EF567");
 }
 
 TEST(SimFrontEndsOnDisplay, TiBridgeReadsAFrameAndTheFirmwareVersion) {
