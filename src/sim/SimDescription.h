@@ -31,7 +31,7 @@
 #include <string_view>
 #include <vector>
 
-struct SSimDisplaySpec {
+struct SSimDisplayEntry {
     const SSimModel* model = nullptr;
     std::string serial; // always 13 characters
     SimChannelSet channels = 0;
@@ -39,13 +39,13 @@ struct SSimDisplaySpec {
 };
 
 struct SSimDescription {
-    std::vector<SSimDisplaySpec> displays;
+    std::vector<SSimDisplayEntry> displays;
     std::string error; // empty when the description is good
     bool Ok() const { return error.empty(); }
 };
 
 SSimDescription ParseSimDescription(std::string_view text_I);
 // The canonical description of a set: every display with its channels, serial and EDID number.
-std::string FormatSimDescription(std::span<const SSimDisplaySpec> displays_I);
+std::string FormatSimDescription(std::span<const SSimDisplayEntry> displays_I);
 std::vector<std::unique_ptr<CSimDisplay>>
-MakeSimDisplays(std::span<const SSimDisplaySpec> displays_I);
+MakeSimDisplays(std::span<const SSimDisplayEntry> displays_I);
