@@ -128,6 +128,63 @@ std::string ParseEdid(std::string_view text_I, const SSimModel& model_I, uint16_
     return {};
 }
 
+// Reads the decimal number at the front of text_I; false when there is none.
+bool TakeNumber(std::string_view& text_I, int& number_I) {
+    const auto [end, status] =
+        std::from_chars(text_I.data(), text_I.data() + text_I.size(), number_I);
+    if (status != std::errc() || number_I < 0) {
+        return false;
+    }
+    text_I.remove_prefix(static_cast<size_t>(end - text_I.data()));
+    return true;
+}
+
+std::string ParseFault(std::string_view text_I, std::vector<SSimFault>& faults_I) {
+    const std::string bad = "fault \"" + std::string(text_I) + "\"";
+    std::string_view rest = text_I;
+    size_t letters = 0;
+    while (letters < rest.size() && std::isalpha(static_cast<unsigned char>(rest[letters]))) {
+        ++letters;
+    }
+    std::string name(rest.substr(0, letters));
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    rest.remove_prefix(letters);
+    const std::optional<ESimFault> kind = SimFaultFromName(name);
+    if (!kind) {
+        return bad + " is of no known kind (known: nack, badchecksum, null, short, notready, "
+                     "othercode, silence, late, unplug)";
+    }
+    SSimFault fault{*kind};
+    const bool hasParam = !rest.empty() && std::isdigit(static_cast<unsigned char>(rest[0]));
+    if (hasParam != SimFaultTakesParam(*kind)) {
+        return bad + (hasParam ? " takes no number" : " needs a number");
+    }
+    if (hasParam && !TakeNumber(rest, fault.param)) {
+        return bad + " has a number out of range";
+    }
+    if (!rest.empty() && rest[0] == '@') {
+        rest.remove_prefix(1);
+        if (!TakeNumber(rest, fault.skip)) {
+            return bad + " needs a count behind @";
+        }
+    }
+    if (!rest.empty() && rest[0] == '*') {
+        rest.remove_prefix(1);
+        if (SameText(rest, "forever")) {
+            fault.times = -1;
+            rest = {};
+        } else if (!TakeNumber(rest, fault.times) || fault.times == 0) {
+            return bad + " needs a count of 1 or more, or forever, behind *";
+        }
+    }
+    if (!rest.empty()) {
+        return bad + " has \"" + std::string(rest) + "\" left over";
+    }
+    faults_I.push_back(fault);
+    return {};
+}
+
 std::string ParseDisplay(std::string_view text_I, SSimDisplayEntry& entry_I) {
     const std::vector<std::string_view> parts = Split(text_I, ':');
     const std::string_view head = Trim(parts[0]);
@@ -158,8 +215,11 @@ std::string ParseDisplay(std::string_view text_I, SSimDisplayEntry& entry_I) {
             error = ParseSerial(value, entry_I.serial);
         } else if (equals != std::string_view::npos && SameText(key, "edid")) {
             error = ParseEdid(value, *entry_I.model, entry_I.edidNumber);
+        } else if (equals != std::string_view::npos && SameText(key, "fault")) {
+            error = ParseFault(value, entry_I.faults);
         } else {
-            error = "unknown option \"" + std::string(option) + "\" (known: serial=, edid=)";
+            error =
+                "unknown option \"" + std::string(option) + "\" (known: serial=, edid=, fault=)";
         }
         if (!error.empty()) {
             return error;
@@ -230,6 +290,14 @@ std::string FormatSimDescription(std::span<const SSimDisplayEntry> displays_I) {
         char edid[16];
         std::snprintf(edid, sizeof(edid), "%04X", entry.edidNumber);
         text += ":serial=" + entry.serial + ":edid=" + edid;
+        for (const SSimFault& fault : entry.faults) {
+            text += ":fault=" + std::string(SimFaultName(fault.kind));
+            text += SimFaultTakesParam(fault.kind) ? std::to_string(fault.param) : "";
+            text += fault.skip != 0 ? "@" + std::to_string(fault.skip) : "";
+            text += fault.times < 0    ? "*forever"
+                    : fault.times != 1 ? "*" + std::to_string(fault.times)
+                                       : "";
+        }
     }
     return text;
 }
@@ -241,6 +309,9 @@ MakeSimDisplays(std::span<const SSimDisplayEntry> displays_I) {
         if (entry.model != nullptr) {
             displays.push_back(std::make_unique<CSimDisplay>(*entry.model, entry.serial,
                                                              entry.channels, entry.edidNumber));
+            for (const SSimFault& fault : entry.faults) {
+                displays.back()->Faults().Arm(fault);
+            }
         }
     }
     return displays;
