@@ -5,6 +5,7 @@
 #include "SimHost.h"
 
 #include "sim/CSimDisplay.h"
+#include "sim/CSimDisplayChannels.h"
 #include "sim/CSimFtdiLibrary.h"
 #include "sim/CSimHidDevice.h"
 #include "sim/CSimSerialDevice.h"
@@ -20,8 +21,11 @@ namespace {
 using namespace MpsseHost;
 
 CSimDisplay MakeDisplay(const char* model_I) {
-    return CSimDisplay(*FindSimModel(model_I), "AB12cd34EF567", 0);
+    const SSimModel& model = *FindSimModel(model_I);
+    return CSimDisplay(model, "AB12cd34EF567", DefaultSimChannels(model));
 }
+
+const SSimChannelAddresses kAddresses = {"/dev/hidraw0", "FTBRIDGE1", "Display bridge", 0x21};
 
 // The FTDI connector's bus work: every step one write and a one-byte read.
 class CFtdiHost {
@@ -97,9 +101,10 @@ private:
 TEST(SimFrontEndsOnDisplay, FtdiBusCarriesReadsWritesRecordsAndNacks) {
     CScopedVirtualClock clock;
     CSimDisplay display = MakeDisplay("Birch");
-    CSimFtdiChip chip(display.I2C(), {"FTBIRCH1", "Birch bridge", 0x21});
+    CSimDisplayChannels channels(display, kAddresses);
     CSimFtdiLibrary library;
-    library.AddChip(chip);
+    CSimTiBridge ti;
+    channels.Attach(library, ti);
     CFtdiHost host(library);
 
     ASSERT_EQ(host.WriteFrame(GetVcp(0x10)), -1);
@@ -133,8 +138,10 @@ TEST(SimFrontEndsOnDisplay, FtdiBusCarriesReadsWritesRecordsAndNacks) {
 TEST(SimFrontEndsOnDisplay, TiBridgeReadsAFrameAndTheFirmwareVersion) {
     CScopedVirtualClock clock;
     CSimDisplay display = MakeDisplay("CedarSmall");
+    CSimDisplayChannels channels(display, kAddresses);
+    CSimFtdiLibrary ftdi;
     CSimTiBridge bridge;
-    bridge.AddDevice(display.I2C());
+    channels.Attach(ftdi, bridge);
     ASSERT_NE(bridge.OpenDevice(0), 0u);
 
     auto exchange = [&](const Bytes& frame_I, uint16_t size_I) {
@@ -159,9 +166,8 @@ TEST(SimFrontEndsOnDisplay, TiBridgeReadsAFrameAndTheFirmwareVersion) {
 TEST(SimFrontEndsOnDisplay, HidReportsCarryValuesAndTheInformationRecord) {
     CScopedVirtualClock clock;
     CSimDisplay display = MakeDisplay("Hazel");
-    CSimHidDevice hid(display, {"/dev/hidraw0", kSimVendorId, display.Model().productId});
-    hid.SetBusyProbe([&] { return display.PollNotReady(); });
-    hid.SetPresenceProbe([&] { return display.IsPlugged(); });
+    CSimDisplayChannels channels(display, kAddresses);
+    CSimHidDevice& hid = channels.Hid();
 
     auto transaction = [&](uint8_t kind_I, const Bytes& frame_I) {
         Bytes report = {0xE5, 0x04, kind_I, 0x00, 0x00};
@@ -197,7 +203,8 @@ TEST(SimFrontEndsOnDisplay, HidReportsCarryValuesAndTheInformationRecord) {
 TEST(SimFrontEndsOnDisplay, SerialLineCarriesCapabilityFragmentsAndEdid) {
     CScopedVirtualClock clock;
     CSimDisplay display = MakeDisplay("Alder");
-    CSimSerialDevice serial(display);
+    CSimDisplayChannels channels(display, kAddresses);
+    CSimSerialDevice& serial = channels.Serial();
     auto exchange = [&](const Bytes& frame_I, uint32_t delayMs_I) {
         EXPECT_TRUE(serial.Write(frame_I.data(), frame_I.size()));
         SleepMs(delayMs_I);
@@ -216,6 +223,30 @@ TEST(SimFrontEndsOnDisplay, SerialLineCarriesCapabilityFragmentsAndEdid) {
 
     display.Faults().Arm({ESimFault::eSilence});
     EXPECT_TRUE(exchange(GetVcp(0x10), 70).empty());
+}
+
+TEST(SimFrontEndsOnDisplay, FrontEndsAreThereOnlyWhileTheDisplayAnswersOnTheirChannel) {
+    CSimDisplay display = MakeDisplay("Hazel");
+    CSimDisplayChannels channels(display, kAddresses);
+    CSimFtdiLibrary ftdi;
+    CSimTiBridge ti;
+    channels.Attach(ftdi, ti);
+    auto reachable = [&] {
+        uint32_t chips = 0;
+        ftdi.ListDevices(&chips, nullptr, SimFt::kListNumberOnly);
+        const uint8_t byte = 0xA0;
+        const bool hid = channels.Hid().Open();
+        channels.Hid().Close();
+        return std::vector<bool>{chips == 1, ti.AvailableDevices() == 1, hid,
+                                 channels.Serial().Write(&byte, 1)};
+    };
+    EXPECT_EQ(reachable(), (std::vector<bool>{true, false, true, false}));
+    EXPECT_EQ(channels.Hid().Identity().productId, display.Model().productId);
+    display.Unplug();
+    EXPECT_EQ(reachable(), (std::vector<bool>{false, false, false, false}));
+    display.Replug();
+    display.SetChannels(SimChannelBit(ESimChannel::eTi) | SimChannelBit(ESimChannel::eSerial));
+    EXPECT_EQ(reachable(), (std::vector<bool>{false, true, false, true}));
 }
 
 } // namespace
