@@ -67,12 +67,13 @@ const std::array<uint8_t, 256>& valueTable() {
 }
 
 uint8_t DecodeValue(uint32_t coded_I) {
-    VRX_ASSERT(coded_I < valueTable().size());
-    if (coded_I >= valueTable().size()) {
+    const std::array<uint8_t, 256>& valueTable = ::valueTable();
+    VRX_ASSERT(coded_I < valueTable.size());
+    if (coded_I >= valueTable.size()) {
         return kNoValue;
     }
-    VRX_ASSERT((valueTable()[coded_I] & 0x80) == 0);
-    return valueTable()[coded_I];
+    VRX_ASSERT((valueTable[coded_I] & 0x80) == 0);
+    return valueTable[coded_I];
 }
 
 std::vector<uint8_t> DecodeBase64Block(const std::vector<uint8_t>& codedbuffer_I) {

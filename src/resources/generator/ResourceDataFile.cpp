@@ -58,10 +58,6 @@ std::optional<std::string> Unescape(std::string_view text) {
     return plain;
 }
 
-std::string LineError(int line, std::string_view message) {
-    return "line " + std::to_string(line) + ": " + std::string(message);
-}
-
 } // namespace
 
 bool IsValidUtf8(std::string_view text_I) {
@@ -104,6 +100,11 @@ bool IsValidUtf8(std::string_view text_I) {
 
 SDataFile ParseDataFile(std::string_view content_I, EDataFileKind kind_I) {
     SDataFile file;
+    auto fail = [&file](int line, std::string_view message) {
+        file.rows.clear();
+        file.error = "line " + std::to_string(line) + ": " + std::string(message);
+        return file;
+    };
     if (content_I.starts_with("\xEF\xBB\xBF")) {
         content_I.remove_prefix(3);
     }
@@ -122,29 +123,23 @@ SDataFile ParseDataFile(std::string_view content_I, EDataFileKind kind_I) {
         }
         const size_t tab = line.find('\t');
         if (tab == std::string_view::npos) {
-            file.error = LineError(lineNumber, "no tab between key and text");
-            return file;
+            return fail(lineNumber, "no tab between key and text");
         }
         const std::optional<uint32_t> key = ParseKey(line.substr(0, tab), kind_I);
         if (!key) {
-            file.error =
-                LineError(lineNumber, "bad key '" + std::string(line.substr(0, tab)) + "'");
-            return file;
+            return fail(lineNumber, "bad key '" + std::string(line.substr(0, tab)) + "'");
         }
         // Groups may repeat a key (the first row wins); a string id stands once.
         if (kind_I == EDataFileKind::Strings && !seen.insert(*key).second) {
-            file.error = LineError(lineNumber, "id " + std::to_string(*key) + " stands twice");
-            return file;
+            return fail(lineNumber, "id " + std::to_string(*key) + " stands twice");
         }
         const std::string_view raw = line.substr(tab + 1);
         if (!IsValidUtf8(raw)) {
-            file.error = LineError(lineNumber, "text is not UTF-8");
-            return file;
+            return fail(lineNumber, "text is not UTF-8");
         }
         std::optional<std::string> text = Unescape(raw);
         if (!text) {
-            file.error = LineError(lineNumber, "unknown escape; use \\n, \\t or \\\\");
-            return file;
+            return fail(lineNumber, "unknown escape; use \\n, \\t or \\\\");
         }
         file.rows.push_back({*key, std::move(*text), lineNumber});
     }
