@@ -82,7 +82,7 @@ TEST(ResourceLookup, GroupsTakeTheFirstRowAndDoNotRetryAnotherLanguage) {
             {{0x0304, "Panel 13", 1}, {0x032B, "Panel 27 Touch", 2}, {0x0304, "Second row", 3}}));
     module.AddGroup("2000", kFrench, BuildGroup({{0x032B, "Écran 27 tactile", 1}}));
     module.AddGroup("2101", kEnglish, BuildGroup({{0x0304, "PDX-1300", 1}}));
-    module.AddGroup("empty", kEnglish, {0xFF, 0xFF, 0x04, 0x03, 'x', 0, 0, 0, 0xFF, 0xFF});
+    module.AddGroup("empty", kEnglish, {0xFF, 0xFF, 0, 0, 0x04, 0x03, 'x', 0, 0, 0, 0xFF, 0xFF});
     // Plain text, then a value cut off before its terminator.
     module.AddGroup("raw", kEnglish, {0x01, 0x00, 'O', 0, 'k', 0, 0, 0, 0x02, 0x00, 'c', 0});
 

@@ -118,13 +118,13 @@ int main(int argc, char** argv) {
         return 2;
     }
     const fs::path output = argv[1];
-    const fs::path root = fs::path(argv[2]).lexically_normal();
+    const fs::path root = fs::absolute(argv[2]).lexically_normal();
     std::vector<fs::path> files(argv + 3, argv + argc);
     std::sort(files.begin(), files.end());
     std::vector<SSource> sources;
     for (const fs::path& file : files) {
         SSource source{};
-        if (!ReadSource(root, file.lexically_normal(), source)) {
+        if (!ReadSource(root, fs::absolute(file).lexically_normal(), source)) {
             return 1;
         }
         sources.push_back(std::move(source));
