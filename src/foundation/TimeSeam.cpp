@@ -29,8 +29,14 @@ void SleepMs(uint32_t milliseconds) {
     gClock.load()->Sleep(milliseconds);
 }
 
-int64_t MonotonicNs() { return gClock.load()->NowNs(); }
+int64_t MonotonicNs() {
+    return gClock.load()->NowNs();
+}
 
-uint64_t TotalRequestedSleepMs() { return gTotalSleptMs.load(); }
+uint64_t TotalRequestedSleepMs() {
+    return gTotalSleptMs.load();
+}
 
-void InstallClock(IClock* clock) { gClock.store(clock ? clock : &gRealClock); }
+void InstallClock(IClock* clock) {
+    gClock.store(clock ? clock : &gRealClock);
+}
