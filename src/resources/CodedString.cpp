@@ -1,5 +1,6 @@
 #include "resources/CodedString.h"
 
+#include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
 
 namespace {
@@ -34,29 +35,6 @@ void AppendCodePoint(std::wstring& text, char32_t codePoint) {
         }
     }
     text.push_back(static_cast<wchar_t>(codePoint));
-}
-
-// Length of the sequence a lead byte starts, and the smallest code point it may carry.
-struct SUtf8Lead {
-    size_t length;
-    char32_t minimum;
-    char32_t bits;
-};
-
-SUtf8Lead Utf8Lead(uint8_t lead) {
-    if (lead < 0x80) {
-        return {1, 0, lead};
-    }
-    if ((lead & 0xE0) == 0xC0) {
-        return {2, 0x80, static_cast<char32_t>(lead & 0x1F)};
-    }
-    if ((lead & 0xF0) == 0xE0) {
-        return {3, 0x800, static_cast<char32_t>(lead & 0x0F)};
-    }
-    if ((lead & 0xF8) == 0xF0) {
-        return {4, 0x10000, static_cast<char32_t>(lead & 0x07)};
-    }
-    return {0, 0, 0};
 }
 
 } // namespace
@@ -119,34 +97,8 @@ std::wstring DecodeCodedString(const std::wstring& codedString_I) {
     while (buffer.size() % 4 != 0) {
         buffer.push_back('=');
     }
-    return Utf8ToWide(DecodeBase64Block(buffer));
-}
-
-std::wstring Utf8ToWide(const std::vector<uint8_t>& utf8_I) {
-    std::wstring text;
-    text.reserve(utf8_I.size());
-    size_t i = 0;
-    while (i < utf8_I.size()) {
-        const SUtf8Lead lead = Utf8Lead(utf8_I[i]);
-        if (lead.length == 0) {
-            AppendCodePoint(text, kReplacement);
-            ++i;
-            continue;
-        }
-        char32_t codePoint = lead.bits;
-        size_t used = 1;
-        while (used < lead.length && i + used < utf8_I.size() &&
-               (utf8_I[i + used] & 0xC0) == 0x80) {
-            codePoint = (codePoint << 6) | (utf8_I[i + used] & 0x3F);
-            ++used;
-        }
-        const bool complete = used == lead.length;
-        const bool valid = complete && codePoint >= lead.minimum && codePoint <= 0x10FFFF &&
-                           (codePoint < 0xD800 || codePoint > 0xDFFF);
-        AppendCodePoint(text, valid ? codePoint : kReplacement);
-        i += used;
-    }
-    return text;
+    const std::vector<uint8_t> bytes = DecodeBase64Block(buffer);
+    return ToWide(std::string(bytes.begin(), bytes.end()));
 }
 
 std::wstring Utf16ToWide(const std::u16string& utf16_I) {

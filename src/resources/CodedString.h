@@ -23,8 +23,5 @@ std::vector<uint8_t> DecodeBase64Block(const std::vector<uint8_t>& codedbuffer_I
 // The text behind a coded string, or the input itself when it carries no marker.
 std::wstring DecodeCodedString(const std::wstring& codedString_I);
 
-// Bytes read as UTF-8; a byte sequence that is not UTF-8 becomes U+FFFD.
-std::wstring Utf8ToWide(const std::vector<uint8_t>& utf8_I);
-
 // UTF-16 code units as wide text; a lone surrogate becomes U+FFFD.
 std::wstring Utf16ToWide(const std::u16string& utf16_I);

@@ -1,11 +1,11 @@
 #include "resources/LanguageProvider.h"
 
+#include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
 #include "resources/LanguageFallback.h"
 #include "resources/UserLocale.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace {
 
@@ -20,13 +20,6 @@ std::vector<SLanguageEntry> BuildLanguageTable() {
                          row.languageId, row.translated});
     }
     return table;
-}
-
-bool EqualIgnoringCase(const std::string& a, const std::string& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) ==
-               std::tolower(static_cast<unsigned char>(y));
-    });
 }
 
 // Chinese chooses by the sublanguage alone here, unlike the resource fallback.
@@ -75,7 +68,7 @@ void LanguageProvider::SelectLanguage(const std::string& tag_I) {
     mLanguage = mLangTable[0];
     mKnown = false;
     const auto row = std::find_if(mLangTable.begin(), mLangTable.end(), [&](const auto& entry) {
-        return EqualIgnoringCase(entry.name, tag_I);
+        return EqualIgnoreCase(entry.name, tag_I);
     });
     if (row != mLangTable.end()) {
         mLanguage = *row;

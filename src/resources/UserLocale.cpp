@@ -1,9 +1,10 @@
 #include "resources/UserLocale.h"
 
+#include "foundation/StringUtilities.h"
+
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <cctype>
 #include <cstdlib>
 #include <fstream>
 
@@ -77,20 +78,6 @@ std::string FirstListEntry(const std::string& list) {
     return {};
 }
 
-std::string Lower(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return lower;
-}
-
-std::string Upper(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return upper;
-}
-
 } // namespace
 
 void InstallLocaleSource(const ILocaleSource* source_I) {
@@ -118,9 +105,10 @@ uint16_t LanguageIdOfLocale(std::string_view locale_I) {
     // language[_region][.codeset][@modifier], or a tag with "-" and perhaps a script.
     const std::string_view name = locale_I.substr(0, locale_I.find_first_of(".@"));
     const size_t split = name.find_first_of("_-");
-    const std::string language = Lower(name.substr(0, split));
-    std::string region =
-        split == std::string_view::npos ? std::string() : Upper(name.substr(split + 1));
+    const std::string language = ToLower(std::string(name.substr(0, split)));
+    std::string region = split == std::string_view::npos
+                             ? std::string()
+                             : ToUpper(std::string(name.substr(split + 1)));
     if (region.size() > 4 && (region[4] == '_' || region[4] == '-')) {
         region = region.substr(5);
     } else if (language == "zh" && region == "HANT") {

@@ -67,18 +67,9 @@ TEST(CodedString, BlockDecoderIgnoresAPartialBlockAndTracesBadInputOnlyWhenAsked
     }
 }
 
-TEST(CodedString, TextConversionsReplaceWhatIsNotUnicode) {
-    const std::vector<std::pair<std::vector<uint8_t>, std::wstring>> cases = {
-        {{0xC0, 0x80}, L"\uFFFD"},             // overlong
-        {{0x80, 'a'}, L"\uFFFDa"},             // stray continuation byte
-        {{0xE2, 0x82, 'a'}, L"\uFFFDa"},       // cut short
-        {{0xED, 0xA0, 0x80}, L"\uFFFD"},       // surrogate
-        {{0xF4, 0x90, 0x80, 0x80}, L"\uFFFD"}, // beyond U+10FFFF
-    };
-    for (const auto& [bytes, text] : cases) {
-        EXPECT_EQ(Utf8ToWide(bytes), text);
-    }
+TEST(CodedString, ResourceTextKeepsSurrogatePairsAndReplacesLoneOnes) {
     EXPECT_EQ(Utf16ToWide(u"a\xD83D\xDE00"
                           u"b\xDE00"),
               L"a\U0001F600b\uFFFD");
+    EXPECT_EQ(Utf16ToWide(u"\xD83D"), L"\uFFFD");
 }

@@ -1,6 +1,6 @@
 // The resources compiled into the program against the data files they come from.
 
-#include "resources/CodedString.h"
+#include "foundation/StringUtilities.h"
 #include "resources/LanguageTable.h"
 #include "resources/ResourceLookup.h"
 #include "resources/StringIds.h"
@@ -52,10 +52,6 @@ std::vector<SDataSource> ReadDataFolder() {
     return sources;
 }
 
-std::wstring Wide(const std::string& utf8) {
-    return Utf8ToWide({utf8.begin(), utf8.end()});
-}
-
 bool Holds(const std::vector<uint16_t>& ids, uint16_t id) {
     return std::find(ids.begin(), ids.end(), id) != ids.end();
 }
@@ -90,7 +86,8 @@ TEST(ShippedResources, EveryRowDecodesFromItsCodedFormToItsSourceText) {
             const std::string where = source.path + ":" + std::to_string(row.line);
             EXPECT_NE(row.text, "") << where;
             if (source.group.empty()) {
-                EXPECT_EQ(GetTableString(row.key, source.languageId, false, module), Wide(row.text))
+                EXPECT_EQ(GetTableString(row.key, source.languageId, false, module),
+                          ToWide(row.text))
                     << where;
             } else if (seenKeys.insert(row.key).second) { // a repeated key is never read
                 const auto key = static_cast<uint16_t>(row.key);
@@ -99,7 +96,7 @@ TEST(ShippedResources, EveryRowDecodesFromItsCodedFormToItsSourceText) {
                 ASSERT_TRUE(raw.has_value()) << where;
                 EXPECT_EQ(raw->front(), u'\u0298') << where;
                 EXPECT_EQ(GetGroupString(source.group, key, source.languageId, false, module),
-                          Wide(row.text))
+                          ToWide(row.text))
                     << where;
             }
         }
