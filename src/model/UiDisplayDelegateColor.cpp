@@ -14,9 +14,9 @@ constexpr int32_t kDefaultPreset = 5;
 constexpr int32_t kBirchPresetTemperature = 7;
 constexpr int32_t kBirchPresetCustom = 9;
 constexpr int32_t kBirchPresetStandard = 1;
-// 0x14 on Fir and Aspen models: the user colour that stands for the custom colour setting.
+// The 0x14 user colour, which stands for the custom colour setting on Fir, Aspen and Cedar.
 constexpr int32_t kUserColorPreset = 11;
-// The second Cedar generation's native space, which also carries the custom colour.
+// The Cedar family's native colour space value, under which the custom colour runs.
 constexpr int32_t kCedarNative = 7;
 // The Elm family's custom colour preset of 0xF0 and its native preset.
 constexpr int32_t kElmPresetNative = 0;
