@@ -1,7 +1,9 @@
 #include "foundation/Trace.h"
 
+#include "foundation/TraceFile.h"
 #include "foundation/TraceSink.h"
 
+#include <atomic>
 #include <cstdarg>
 #include <cstdio>
 #include <memory>
@@ -9,6 +11,14 @@
 
 bool gTraceEnabled = false;
 bool gAssertsEnabled = false;
+
+namespace {
+std::atomic<TraceObserver> gTraceObserver{nullptr};
+} // namespace
+
+void SetTraceObserver(TraceObserver observer) {
+    gTraceObserver.store(observer);
+}
 
 int Trace(const char* format, ...) {
     va_list args;
@@ -29,5 +39,9 @@ int Trace(const char* format, ...) {
     std::vsnprintf(buffer.get(), static_cast<size_t>(length) + 1, format, args);
     va_end(args);
     WriteDebugOutput(buffer.get(), static_cast<size_t>(length));
+    if (const TraceObserver observer = gTraceObserver.load()) {
+        observer(buffer.get(), static_cast<size_t>(length));
+    }
+    WriteTraceFile(buffer.get(), static_cast<size_t>(length));
     return length;
 }

@@ -1,0 +1,50 @@
+#pragma once
+// Collects trace lines from every thread while it lives, for tests that must see a line
+// before they go on.
+
+#include "foundation/TraceSink.h"
+
+#include <atomic>
+#include <mutex>
+#include <string>
+#include <thread>
+
+class CTraceCapture {
+public:
+    CTraceCapture() {
+        {
+            std::lock_guard<std::mutex> hold(Lock());
+            Text().clear();
+        }
+        SetTraceObserver(&Append);
+    }
+    ~CTraceCapture() { SetTraceObserver(nullptr); }
+    CTraceCapture(const CTraceCapture&) = delete;
+    CTraceCapture& operator=(const CTraceCapture&) = delete;
+
+    std::string Lines() const {
+        std::lock_guard<std::mutex> hold(Lock());
+        return Text();
+    }
+    bool Contains(const std::string& part) const { return Lines().find(part) != std::string::npos; }
+    // Yields until a line holds the part; the line is due from a thread that is running.
+    void WaitFor(const std::string& part) const {
+        while (!Contains(part)) {
+            std::this_thread::yield();
+        }
+    }
+
+private:
+    static std::mutex& Lock() {
+        static std::mutex lock;
+        return lock;
+    }
+    static std::string& Text() {
+        static std::string text;
+        return text;
+    }
+    static void Append(const char* text, size_t length) {
+        std::lock_guard<std::mutex> hold(Lock());
+        Text().append(text, length);
+    }
+};
