@@ -174,6 +174,43 @@ TEST(UiDisplayDelegateColorTest, SetColorSettingByModel) {
     }
 }
 
+TEST(UiDisplayDelegateColorTest, LeavingCustomColorGoesBackToTheDefaultPreset) {
+    struct SCase {
+        const char* name;
+        uint16_t edid;
+        std::vector<SFakeCode> changes;
+        EColorSetting next;
+        Writes writes;
+    };
+    const SCase cases[] = {
+        // clang-format off
+        {"ElmSmall to space", Edid::ElmSmall, {{0x14, 8}}, eColorSetting_Space, {{0x14, 5}, {0xF0, 5}}},
+        {"ElmSmall to temperature", Edid::ElmSmall, {{0x14, 8}}, eColorSetting_Temperature, {{0x14, 5}, {0xF0, 5}}},
+        {"ElmLarge to temperature", Edid::ElmLarge, {{0x14, 8}}, eColorSetting_Temperature, {{0x14, 5}}},
+        {"ElmLarge to space", Edid::ElmLarge, {{0x14, 8}}, eColorSetting_Space, {{0xF0, 5}}},
+        {"Cedar to temperature", Edid::CedarSmall, {{0x14, 8}, {0xE3, 1}}, eColorSetting_Temperature, {{0x14, 5}}},
+        // clang-format on
+    };
+    for (const SCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        CDelegateBench bench(c.edid, c.changes);
+        Delegate& d = *bench.mDelegate;
+        bench.ReadAll();
+        EXPECT_TRUE(d.SetColorSetting(eColorSetting_Custom));
+        bench.ClearTraffic();
+        EXPECT_TRUE(d.SetColorSetting(c.next));
+        EXPECT_EQ(d.ColorSetting(), c.next);
+        EXPECT_EQ(bench.SentWrites(), c.writes);
+    }
+
+    CDelegateBench failing(Edid::ElmSmall, {{0x14, 8}});
+    failing.ReadAll();
+    EXPECT_TRUE(failing.mDelegate->SetColorSetting(eColorSetting_Custom));
+    failing.mFake->FailWritesOf(0x14);
+    EXPECT_FALSE(failing.mDelegate->SetColorSetting(eColorSetting_Space));
+    EXPECT_EQ(failing.Value(0xF0), 13);
+}
+
 TEST(UiDisplayDelegateColorTest, CedarCustomColorPassesANeighbourSoTheScalerSeesAChange) {
     struct SCase {
         uint16_t red, green, blue;
