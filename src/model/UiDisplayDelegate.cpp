@@ -5,6 +5,8 @@
 #include "model/CEdidBuilder.h"
 #include "model/DelegateTables.h"
 
+using namespace DelegateTables;
+
 namespace {
 
 // Values of 0xF4: the scaler's spelling of the two battery modes.

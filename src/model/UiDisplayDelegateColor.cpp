@@ -6,6 +6,8 @@
 #include "model/DelegateTables.h"
 #include "model/UiDisplayDelegate.h"
 
+using namespace DelegateTables;
+
 namespace {
 
 // The 0x14 preset that the default steps select: 6500K on every family.

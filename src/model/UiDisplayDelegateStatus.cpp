@@ -3,6 +3,8 @@
 #include "model/DelegateTables.h"
 #include "model/UiDisplayDelegate.h"
 
+using namespace DelegateTables;
+
 namespace {
 
 // Firmware versions reach the user in this text style.
