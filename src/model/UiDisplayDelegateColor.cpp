@@ -20,7 +20,7 @@ constexpr int32_t kBirchPresetStandard = 1;
 constexpr int32_t kUserColorPreset = 11;
 // The Cedar family's native colour space value, under which the custom colour runs.
 constexpr int32_t kCedarNative = 7;
-// The Elm family's custom colour preset of 0xF0 and its native preset.
+// The Elm family's native and custom colour presets of 0xF0.
 constexpr int32_t kElmPresetNative = 0;
 constexpr int32_t kElmPresetCustom = 13;
 // Outside the ElmLarge family, DCI P3 also needs this 0x14 value.
@@ -59,8 +59,8 @@ bool UiDisplayDelegate::ApplyDefaultPreset(int32_t preset_I) {
         return SetVCPValue(vcpC_SelectColorPreset, preset_I);
     }
     if (IsCedarFamily()) {
-        // The Cedar scaler moves its space and gains with the preset and answers the write
-        // unreliably, so the result is what the refreshed values say later.
+        // The Cedar scaler moves its colour space and gains with the preset, so they are read
+        // again; the write's own answer does not count.
         SetVCPValue(vcpC_SelectColorPreset, preset_I);
         GetVCPValue(vcpC_ColorSpace, true);
         if (!IsCedarGenTwo()) {
