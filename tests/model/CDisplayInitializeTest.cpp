@@ -181,3 +181,49 @@ TEST(CDisplayInitialize, RepairsTheOptionsThatSomeModelsAnnounceWrongly) {
     CDisplaySession cedarTwo(kCedarSmallTwo, withPresets);
     EXPECT_EQ(cedarTwo.mDisplay.GetCapabilitiesString(), withPresets);
 }
+
+TEST(CDisplayInitialize, ReadsTheCapabilityStringOfEachFamily) {
+    const char head[] = "(prot(monitor)type(LCD)model(PDX)cmds(01 02 03 0C E3 F3)vcp(04 08 10 12 ";
+    const struct {
+        uint16_t edid;
+        const char* rest;
+        size_t options;
+        vcpCode code;
+        std::vector<int32_t> values;
+    } cases[] = {
+        {0x1040, "14(05 08 0B) 16 18 1A 86(03 08))mccs_ver(2.2))", 9, vcpC_DisplayScaling, {3, 8}},
+        {0x1041, "6B 14(05 08 0B) 86(03 08))mccs_ver(2.1))", 7, vcpC_SelectColorPreset, {5, 8, 11}},
+        {0x1044,
+         "14(04 05 06 08 09 0B) 16 18 1A 72(01 02) 87 C9 CC(02 03) E0(00 01) E2(01 02 03) "
+         "E3(01 02 03 04) E8(00 01) E9(00 01) EA(01) F0(01 03 04 05 06 07 09))mccs_ver(2.2))",
+         21,
+         vcpC_Gamma,
+         {1, 2}},
+        {0x1054,
+         "16 18 1A 59 5B 5D 72 87 9B 9D 9F C9 E0(00 01) E2(01 02 03) E8(00 01) E9(00 01) "
+         "EA(01) EE(00 01) F0(02 03 05 06 07 08 09 0A 0B 0C 0D)))",
+         25,
+         vcpC_DisplayPresets,
+         {2, 3, 5, 6, 7, 8, 9, 10, 11, 12, 13}},
+        {0x1057, "72 E0(00 01) F0(00 05 06) F3(00 01)))", 7, vcpC_DisplayPresets, {0, 5, 6}},
+        {0x1064,
+         "14(05 08 0B) 72(00 01 02 03) C9 E3(00 01 07) EF(00 01 02 03) F0(00 01 02))"
+         "mccs_ver(2.2))",
+         10,
+         vcpC_LedBrightness,
+         {0, 1, 2, 3}},
+        {0x1052, "14(05 06) F4(02 03))mccs_ver(2.2))", 6, vcpC_BatteryMode, {2, 3}},
+        {0x1067, "14(05 06) F4(02 03) F3(00 01))mccs_ver(2.2))", 7, vcpC_BatteryMode, {0, 2, 3}},
+        {0x1070,
+         "6B 14(05 08 0B) E0(00 01 02 03) F0(00 01))mccs_ver(2.2))",
+         8,
+         vcpC_UniformityCompensation,
+         {0, 1, 2, 3}},
+    };
+    for (const auto& c : cases) {
+        CDisplaySession session(c.edid, (std::string(head) + c.rest).c_str());
+        ASSERT_TRUE(session.mInitialized) << std::hex << c.edid;
+        EXPECT_EQ(session.mDisplay.GetOptions().size(), c.options) << std::hex << c.edid;
+        EXPECT_EQ(ValuesOf(session.mDisplay, c.code), c.values) << std::hex << c.edid;
+    }
+}
