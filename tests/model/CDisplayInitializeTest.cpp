@@ -196,13 +196,13 @@ TEST(CDisplayInitialize, ReadsTheCapabilityStringOfEachFamily) {
         {0x1044,
          "14(04 05 06 08 09 0B) 16 18 1A 72(01 02) 87 C9 CC(02 03) E0(00 01) E2(01 02 03) "
          "E3(01 02 03 04) E8(00 01) E9(00 01) EA(01) F0(01 03 04 05 06 07 09))mccs_ver(2.2))",
-         21,
+         19,
          vcpC_Gamma,
          {1, 2}},
         {0x1054,
          "16 18 1A 59 5B 5D 72 87 9B 9D 9F C9 E0(00 01) E2(01 02 03) E8(00 01) E9(00 01) "
          "EA(01) EE(00 01) F0(02 03 05 06 07 08 09 0A 0B 0C 0D)))",
-         25,
+         23,
          vcpC_DisplayPresets,
          {2, 3, 5, 6, 7, 8, 9, 10, 11, 12, 13}},
         {0x1057, "72 E0(00 01) F0(00 05 06) F3(00 01)))", 7, vcpC_DisplayPresets, {0, 5, 6}},
