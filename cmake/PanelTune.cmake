@@ -33,3 +33,49 @@ function(paneltune_tests name)
     paneltune_warnings(${name}_tests)
     gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}.")
 endfunction()
+
+# Fuzzing. With clang and PANELTUNE_FUZZ every object carries libFuzzer's coverage hooks and the
+# sanitizers, so the fuzz targets see into the layers they call.
+option(PANELTUNE_FUZZ "Build the fuzz targets as libFuzzer executables (clang only)" OFF)
+set(PANELTUNE_LIBFUZZER OFF)
+if(PANELTUNE_FUZZ)
+    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+        set(PANELTUNE_LIBFUZZER ON)
+        add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer
+                            -fno-sanitize-recover=all)
+        add_link_options(-fsanitize=address,undefined)
+    else()
+        message(WARNING "PANELTUNE_FUZZ needs clang; fuzz targets run their seed corpus only")
+    endif()
+endif()
+# scripts/fuzz.sh reads this list: one "<name> <corpus folder>" per line.
+set(PANELTUNE_FUZZ_LIST "${CMAKE_BINARY_DIR}/fuzz_targets.txt")
+file(WRITE "${PANELTUNE_FUZZ_LIST}" "")
+add_custom_target(fuzz_targets)
+
+# paneltune_fuzz_target(<name> SOURCES <files...> [DEPENDS <targets...>] CORPUS <folder>)
+# Builds <name>_fuzz into <build>/fuzz from sources that define LLVMFuzzerTestOneInput. Under
+# libFuzzer it is a fuzzer; otherwise a small runner feeds it every file of the seed corpus and
+# CTest runs that as the test fuzz.<name>. A relative CORPUS is taken from the top of the tree.
+function(paneltune_fuzz_target name)
+    cmake_parse_arguments(ARG "" "CORPUS" "SOURCES;DEPENDS" ${ARGN})
+    if(NOT ARG_CORPUS)
+        message(FATAL_ERROR "paneltune_fuzz_target(${name}) needs a CORPUS folder")
+    endif()
+    cmake_path(ABSOLUTE_PATH ARG_CORPUS BASE_DIRECTORY "${PROJECT_SOURCE_DIR}")
+    set(target ${name}_fuzz)
+    add_executable(${target} ${ARG_SOURCES})
+    set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/fuzz")
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src"
+                                                 "${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(${target} PRIVATE ${ARG_DEPENDS})
+    paneltune_warnings(${target})
+    add_dependencies(fuzz_targets ${target})
+    if(PANELTUNE_LIBFUZZER)
+        target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+        file(APPEND "${PANELTUNE_FUZZ_LIST}" "${name} ${ARG_CORPUS}\n")
+    else()
+        target_link_libraries(${target} PRIVATE paneltune_fuzz_runner)
+        add_test(NAME fuzz.${name} COMMAND ${target} "${ARG_CORPUS}")
+    endif()
+endfunction()

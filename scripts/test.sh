@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets up the machine, builds with warnings as errors, runs every test, then does the same
-# under AddressSanitizer and UndefinedBehaviorSanitizer. Exits non-zero on any failure.
+# under AddressSanitizer and UndefinedBehaviorSanitizer, and ends with a short fuzzing run.
+# Exits non-zero on any failure.
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 bash "$top/scripts/setup.sh"
@@ -15,3 +16,6 @@ for flavour in release sanitize; do
     export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
     ctest --test-dir "$dir" --output-on-failure -j 2
 done
+
+echo "== fuzzing"
+bash "$top/scripts/fuzz.sh"

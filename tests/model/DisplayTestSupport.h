@@ -1,0 +1,72 @@
+#pragma once
+// A display session on the shared fake connector under a virtual clock.
+
+#include "ddc/Frames.h"
+#include "foundation/Trace.h"
+#include "foundation/VirtualClock.h"
+#include "model/CDisplay.h"
+#include "support/CFakeConnector.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+// EDID numbers of models with and without model-specific behaviour.
+constexpr uint16_t kBirch = 0x1044;
+constexpr uint16_t kCedarSmall = 0x1052;
+constexpr uint16_t kCedarSmallTwo = 0x1066;
+constexpr uint16_t kElmSmall = 0x1054;
+constexpr uint16_t kElmLarge = 0x1060;
+constexpr uint16_t kElmHuge = 0x1057;
+
+// The capability string of a display that offers a little of everything.
+inline const char kTestCaps[] =
+    "(prot(monitor)type(LCD)model(PDX-2700 )cmds(01 02 03 0C F3)vcp(04 08 10 12 14(05 08 0B) "
+    "60(11 12) 76(01) 86(01 02) E0(00 01) F0(00 01 02) F3(00 01) F4(02 03) 74)mccs_ver(2.2))";
+
+// A VCP Feature Reply as a scaler sends it, check byte included.
+inline ByteVector FeatureReply(uint8_t code_I, uint8_t type_I, uint16_t maximum_I, uint16_t value_I,
+                               uint8_t result_I = 0) {
+    return BuildReplyFrame({0x02, result_I, code_I, type_I, static_cast<uint8_t>(maximum_I >> 8),
+                            static_cast<uint8_t>(maximum_I), static_cast<uint8_t>(value_I >> 8),
+                            static_cast<uint8_t>(value_I)});
+}
+
+class CDisplaySession {
+public:
+    explicit CDisplaySession(uint16_t edid_I = kBirch, const char* caps_I = kTestCaps)
+        : mFake(std::make_shared<CFakeConnector>()), mDisplay(mFake, edid_I) {
+        mFake->SetCapabilities(caps_I);
+        mInitialized = mDisplay.Initialize("");
+        mFake->ClearSent();
+    }
+
+    CScopedVirtualClock mClock;
+    std::shared_ptr<CFakeConnector> mFake;
+    CDisplay mDisplay;
+    bool mInitialized = false;
+};
+
+// Trace lines of one call, with the verbose lines switched on.
+class CTraceCapture {
+public:
+    CTraceCapture() : mWasEnabled(gTraceEnabled) {
+        gTraceEnabled = true;
+        testing::internal::CaptureStderr();
+    }
+    ~CTraceCapture() {
+        if (!mTaken) {
+            testing::internal::GetCapturedStderr();
+        }
+        gTraceEnabled = mWasEnabled;
+    }
+    std::string Take() {
+        mTaken = true;
+        return testing::internal::GetCapturedStderr();
+    }
+
+private:
+    bool mWasEnabled;
+    bool mTaken = false;
+};
