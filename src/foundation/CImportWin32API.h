@@ -6,7 +6,7 @@
 //     class CMathAPI : public CImportWin32API {
 //     public:
 //         CMathAPI() : CImportWin32API(L"libm.so.6", true, true) {}
-//         VRX_IMPORT_FUNCTION(double(double), cos, 0.0);
+//         VRX_IMPORT_FUNCTION(double(double), cos);
 //     };
 
 #include <atomic>
@@ -86,8 +86,9 @@ private:
 };
 
 // Declares a member wrapper named as the bound function, in a class derived from
-// CImportWin32API; the last argument is the value a missing function returns.
-#define VRX_IMPORT_FUNCTION(signature, name, failure)                                              \
+// CImportWin32API. An optional last argument is the value a missing function returns; without
+// it the wrapper returns 0 (or nothing, for a void function).
+#define VRX_IMPORT_FUNCTION(signature, name, ...)                                                  \
     CImportedFunction<signature> name {                                                            \
-        *this, #name, failure                                                                      \
+        *this, #name __VA_OPT__(, ) __VA_ARGS__                                                    \
     }

@@ -7,8 +7,10 @@ extern bool gTraceEnabled;
 // Nothing in the product sets it; a developer build does by hand.
 extern bool gAssertsEnabled;
 
-// Formats and writes one line to standard error in a single write. "%S" prints a wide string.
-// Returns the number of characters written, or -1 when formatting fails.
+// Formats and writes one line to standard error in a single write, then to the trace file when
+// one is open (foundation/TraceFile.h). "%S" prints a wide string. Returns the number of
+// characters written, or -1 when formatting fails. Safe from any thread and during static
+// initialisation.
 int Trace(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
 // A failed check prints one line when asserts are enabled; execution always goes on, so the

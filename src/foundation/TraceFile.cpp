@@ -14,6 +14,16 @@ std::wstring gTraceFilePath;
 namespace {
 // Written and read only under gTraceLock; closed by its static destructor at exit.
 std::ofstream gTraceStream;
+
+// A copy of the trace lock, silenced first: a lock that traced its contention here would call
+// Trace from inside Trace.
+std::shared_ptr<CVrxSemaphore> TraceLockForUse() {
+    std::shared_ptr<CVrxSemaphore> lock = gTraceLock;
+    if (lock) {
+        lock->StopTracing();
+    }
+    return lock;
+}
 } // namespace
 
 std::shared_ptr<CVrxSemaphore> gTraceLock = CreateVrxSemaphore("PanelTunedebug");
@@ -52,12 +62,8 @@ std::string FormatTracePrefix(const SLocalTime& time, uint32_t processId, uint32
 }
 
 void OpenTraceFile() {
-    const std::shared_ptr<CVrxSemaphore> lock = gTraceLock;
-    if (lock) {
-        lock->StopTracing();
-    }
     {
-        CVrxSemaphoreHold hold(lock);
+        CVrxSemaphoreHold hold(TraceLockForUse());
         if (gTraceStream.is_open()) {
             gTraceStream.flush();
             gTraceStream.close();
@@ -84,7 +90,7 @@ void OpenTraceFile() {
 }
 
 bool IsTraceFileOpen() {
-    CVrxSemaphoreHold hold(gTraceLock);
+    CVrxSemaphoreHold hold(TraceLockForUse());
     return gTraceStream.is_open();
 }
 
@@ -92,11 +98,7 @@ void WriteTraceFile(const char* text, size_t length) {
     if (gTraceFilePath.empty()) {
         return;
     }
-    const std::shared_ptr<CVrxSemaphore> lock = gTraceLock;
-    if (lock) {
-        lock->StopTracing();
-    }
-    CVrxSemaphoreHold hold(lock);
+    CVrxSemaphoreHold hold(TraceLockForUse());
     if (!gTraceStream.is_open()) {
         return;
     }

@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace DelegateTables {
+
 namespace {
 
 constexpr int32_t kNoCell = -1;
@@ -225,3 +227,5 @@ std::optional<SColorManagedRule> ColorManagedRule(EModelGroup group_I) {
     }
     return std::nullopt;
 }
+
+} // namespace DelegateTables

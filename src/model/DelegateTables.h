@@ -30,6 +30,8 @@ using ModelGroups = uint32_t;
 constexpr ModelGroups kElmFamilyGroups = eModelGroup_Elm | eModelGroup_ElmLarge;
 constexpr ModelGroups kCedarFamilyGroups = eModelGroup_CedarOne | eModelGroup_CedarTwo;
 
+namespace DelegateTables {
+
 // Whether the model group selects colour temperatures through 0x14 at all.
 bool HasColorTemperature(EModelGroup group_I);
 // Colour temperature for a value of 0x14 on a model group; nothing when the cell is empty.
@@ -57,3 +59,5 @@ struct SColorManagedRule {
     int32_t second;
 };
 std::optional<SColorManagedRule> ColorManagedRule(EModelGroup group_I);
+
+} // namespace DelegateTables

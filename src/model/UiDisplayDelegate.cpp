@@ -5,6 +5,8 @@
 #include "model/CEdidBuilder.h"
 #include "model/DelegateTables.h"
 
+using namespace DelegateTables;
+
 namespace {
 
 // Values of 0xF4: the scaler's spelling of the two battery modes.
@@ -176,7 +178,7 @@ SUserValue<bool> UiDisplayDelegate::GetDynamicContrast() {
 }
 
 bool UiDisplayDelegate::SetDynamicContrast(bool on_I) {
-    // The ElmLarge scaler refuses dynamic contrast while uniformity compensation runs.
+    // On the ElmLarge family dynamic contrast and uniformity compensation exclude each other.
     if (on_I && IsElmLargeFamily()) {
         SetVCPValue(vcpC_UniformityCompensation, 0);
     }
@@ -253,7 +255,8 @@ SUserValue<EBatteryMode> UiDisplayDelegate::GetBatteryMode() {
     if (result.value == kBatteryDesktop) {
         return {true, eBatteryMode_Desktop};
     }
-    // Some scalers come up with 0 here; Mobile is their factory state, so put them there.
+    // Some firmware reports a value that is no mode (0 among them); such a display is put in
+    // Mobile.
     Trace("UiDisplayDelegate::GetBatteryMode: WARNING - detected bogus battery mode value: 0x%X\n",
           result.value);
     if (Read(vcpC_BatteryMode, true).valid && SetVCPValue(vcpC_BatteryMode, kBatteryMobile)) {

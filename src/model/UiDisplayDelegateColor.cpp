@@ -6,6 +6,8 @@
 #include "model/DelegateTables.h"
 #include "model/UiDisplayDelegate.h"
 
+using namespace DelegateTables;
+
 namespace {
 
 // The 0x14 preset that the default steps select: 6500K on every family.
@@ -14,11 +16,11 @@ constexpr int32_t kDefaultPreset = 5;
 constexpr int32_t kBirchPresetTemperature = 7;
 constexpr int32_t kBirchPresetCustom = 9;
 constexpr int32_t kBirchPresetStandard = 1;
-// 0x14 on Fir and Aspen models: the user colour that stands for the custom colour setting.
+// The 0x14 user colour, which stands for the custom colour setting on Fir, Aspen and Cedar.
 constexpr int32_t kUserColorPreset = 11;
-// The second Cedar generation's native space, which also carries the custom colour.
+// The Cedar family's native colour space value, under which the custom colour runs.
 constexpr int32_t kCedarNative = 7;
-// The Elm family's custom colour preset of 0xF0 and its native preset.
+// The Elm family's native and custom colour presets of 0xF0.
 constexpr int32_t kElmPresetNative = 0;
 constexpr int32_t kElmPresetCustom = 13;
 // Outside the ElmLarge family, DCI P3 also needs this 0x14 value.
@@ -57,8 +59,8 @@ bool UiDisplayDelegate::ApplyDefaultPreset(int32_t preset_I) {
         return SetVCPValue(vcpC_SelectColorPreset, preset_I);
     }
     if (IsCedarFamily()) {
-        // The Cedar scaler moves its space and gains with the preset and answers the write
-        // unreliably, so the result is what the refreshed values say later.
+        // The Cedar scaler moves its colour space and gains with the preset, so they are read
+        // again; the write's own answer does not count.
         SetVCPValue(vcpC_SelectColorPreset, preset_I);
         GetVCPValue(vcpC_ColorSpace, true);
         if (!IsCedarGenTwo()) {

@@ -3,6 +3,8 @@
 #include "model/DelegateTables.h"
 #include "model/UiDisplayDelegate.h"
 
+using namespace DelegateTables;
+
 namespace {
 
 // Firmware versions reach the user in this text style.
@@ -16,7 +18,7 @@ SControlState Shown(bool enabled_I) {
 
 SControlState UiDisplayDelegate::BrightnessStatus() {
     if (mBuiltIn) {
-        // The maker's computer controls the backlight itself.
+        // A display built into the maker's computer leaves brightness to the computer.
         return SControlState::Disabled();
     }
     if ((IsHazel() || IsFirTwoFamily()) && Read(vcpC_BacklightLevelWhite).valid) {

@@ -28,6 +28,8 @@ public:
     // USB vendor id in the high half, product id in the low half.
     uint32_t TabletId() const;
     SimChannelSet Channels() const { return mChannels; }
+    // Which channels the display answers on; front ends and platforms ask AnswersOn.
+    void SetChannels(SimChannelSet channels_I) { mChannels = channels_I; }
     bool AnswersOn(ESimChannel channel_I) const;
     const std::vector<uint8_t>& Edid() const { return mScaler.Edid(); }
 

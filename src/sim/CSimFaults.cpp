@@ -1,6 +1,57 @@
 #include "sim/CSimFaults.h"
 
 #include <algorithm>
+#include <array>
+
+namespace {
+
+struct SFaultName {
+    ESimFault kind;
+    std::string_view name;
+    bool takesParam;
+};
+
+constexpr std::array<SFaultName, 9> kFaultNames = {{
+    {ESimFault::eNack, "nack", true},
+    {ESimFault::eBadChecksum, "badchecksum", false},
+    {ESimFault::eNullMessage, "null", false},
+    {ESimFault::eShortReply, "short", true},
+    {ESimFault::eNotReady, "notready", false},
+    {ESimFault::eOtherCode, "othercode", false},
+    {ESimFault::eSilence, "silence", false},
+    {ESimFault::eLate, "late", true},
+    {ESimFault::eUnplug, "unplug", false},
+}};
+
+const SFaultName* FindName(ESimFault kind_I) {
+    for (const SFaultName& entry : kFaultNames) {
+        if (entry.kind == kind_I) {
+            return &entry;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::string_view SimFaultName(ESimFault kind_I) {
+    const SFaultName* entry = FindName(kind_I);
+    return entry != nullptr ? entry->name : std::string_view("unknown");
+}
+
+std::optional<ESimFault> SimFaultFromName(std::string_view name_I) {
+    for (const SFaultName& entry : kFaultNames) {
+        if (entry.name == name_I) {
+            return entry.kind;
+        }
+    }
+    return std::nullopt;
+}
+
+bool SimFaultTakesParam(ESimFault kind_I) {
+    const SFaultName* entry = FindName(kind_I);
+    return entry != nullptr && entry->takesParam;
+}
 
 void CSimFaults::Arm(const SSimFault& fault_I) {
     std::lock_guard<std::mutex> lock(mLock);

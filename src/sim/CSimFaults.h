@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <mutex>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 enum class ESimFault : uint8_t {
@@ -21,6 +22,13 @@ enum class ESimFault : uint8_t {
     eLate,        // the reply is ready `param` milliseconds after the request (time seam)
     eUnplug,      // the display vanishes, and stays away until it is plugged in again
 };
+
+// Names of the faults in descriptions: nack, badchecksum, null, short, notready, othercode,
+// silence, late, unplug.
+std::string_view SimFaultName(ESimFault kind_I);
+std::optional<ESimFault> SimFaultFromName(std::string_view name_I);
+// nack, short and late need their param; the others take none.
+bool SimFaultTakesParam(ESimFault kind_I);
 
 struct SSimFault {
     ESimFault kind = ESimFault::eSilence;

@@ -23,7 +23,7 @@ CSimFtdiChip::CSimFtdiChip(ISimI2CTarget& target_I, SSimFtdiIdentity identity_I)
     : mIdentity(std::move(identity_I)), mEngine(target_I) {}
 
 bool CSimFtdiChip::Open() {
-    if (mOpen || !mPresent) {
+    if (mOpen || !IsPresent()) {
         return false;
     }
     mOpen = true;
@@ -40,7 +40,7 @@ void CSimFtdiChip::Close() {
 }
 
 SimFtStatus CSimFtdiChip::ResetDevice() {
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     if (mResetFailures > 0) {
@@ -53,7 +53,7 @@ SimFtStatus CSimFtdiChip::ResetDevice() {
 }
 
 SimFtStatus CSimFtdiChip::SetUsbParameters(uint32_t inSize_I, uint32_t outSize_I) {
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     if (!IsValidTransferSize(inSize_I) || (outSize_I != 0 && !IsValidTransferSize(outSize_I))) {
@@ -66,7 +66,7 @@ SimFtStatus CSimFtdiChip::SetUsbParameters(uint32_t inSize_I, uint32_t outSize_I
 
 SimFtStatus CSimFtdiChip::SetChars(uint8_t event_I, uint8_t eventEnable_I, uint8_t error_I,
                                    uint8_t errorEnable_I) {
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     (void)event_I;
@@ -77,7 +77,7 @@ SimFtStatus CSimFtdiChip::SetChars(uint8_t event_I, uint8_t eventEnable_I, uint8
 }
 
 SimFtStatus CSimFtdiChip::Purge(uint32_t mask_I) {
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     if ((mask_I & ~(SimFt::kPurgeRx | SimFt::kPurgeTx)) != 0) {
@@ -92,7 +92,7 @@ SimFtStatus CSimFtdiChip::Purge(uint32_t mask_I) {
 }
 
 SimFtStatus CSimFtdiChip::SetTimeouts(uint32_t readMs_I, uint32_t writeMs_I) {
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     mReadTimeoutMs = readMs_I;
@@ -101,7 +101,7 @@ SimFtStatus CSimFtdiChip::SetTimeouts(uint32_t readMs_I, uint32_t writeMs_I) {
 }
 
 SimFtStatus CSimFtdiChip::SetLatencyTimer(uint8_t milliseconds_I) {
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     mLatencyMs = milliseconds_I;
@@ -109,7 +109,7 @@ SimFtStatus CSimFtdiChip::SetLatencyTimer(uint8_t milliseconds_I) {
 }
 
 SimFtStatus CSimFtdiChip::SetBitMode(uint8_t mask_I, uint8_t mode_I) {
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     (void)mask_I;
@@ -124,7 +124,7 @@ SimFtStatus CSimFtdiChip::SetBitMode(uint8_t mask_I, uint8_t mode_I) {
 
 SimFtStatus CSimFtdiChip::GetQueueStatus(uint32_t& count_O) {
     count_O = 0;
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     CollectEngineOutput();
@@ -135,7 +135,7 @@ SimFtStatus CSimFtdiChip::GetQueueStatus(uint32_t& count_O) {
 
 SimFtStatus CSimFtdiChip::Read(uint8_t* buffer_O, uint32_t count_I, uint32_t& read_O) {
     read_O = 0;
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     CollectEngineOutput();
@@ -155,7 +155,7 @@ SimFtStatus CSimFtdiChip::Read(uint8_t* buffer_O, uint32_t count_I, uint32_t& re
 
 SimFtStatus CSimFtdiChip::Write(const uint8_t* data_I, uint32_t count_I, uint32_t& written_O) {
     written_O = 0;
-    if (!mPresent) {
+    if (!IsPresent()) {
         return SimFt::kIoError;
     }
     // Outside MPSSE mode the bytes leave through the UART, where no one listens.

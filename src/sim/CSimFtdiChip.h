@@ -10,7 +10,9 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <string>
+#include <utility>
 
 struct SSimFtdiIdentity {
     std::string serialNumber;
@@ -42,7 +44,11 @@ public:
     // Fault hooks: a chip that has gone from the bus answers every call with an I/O error; a
     // reset can be made to fail a number of times before it works.
     void SetPresent(bool present_I) { mPresent = present_I; }
-    bool IsPresent() const { return mPresent; }
+    // Ties the chip to the display it sits in: a vanished display takes its bridge with it.
+    void SetPresenceProbe(std::function<bool()> present_I) {
+        mPresenceProbe = std::move(present_I);
+    }
+    bool IsPresent() const { return mPresent && (!mPresenceProbe || mPresenceProbe()); }
     void FailNextResets(unsigned count_I) { mResetFailures = count_I; }
 
     const CSimMpsseEngine& Engine() const { return mEngine; }
@@ -76,4 +82,5 @@ private:
     std::deque<uint8_t> mToHost;
     std::deque<uint8_t> mHeld;
     int64_t mHeldSinceNs = 0;
+    std::function<bool()> mPresenceProbe;
 };

@@ -3,6 +3,8 @@
 #include "sim/SimEdid.h"
 #include "sim/SimFrames.h"
 
+#include "foundation/Trace.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -88,7 +90,7 @@ std::string BuildCapabilities(const SSimModel& model_I, const SSimFamily& family
     std::string text = "(prot(monitor)type(LCD)model(";
     text += model_I.displayName;
     text += ")cmds(01 02 03 0C E3 F3)vcp(" + vcp + ")";
-    if (family_I.mccsVersion) {
+    if (!family_I.Has(eOmitsMccsVersion)) {
         text += "mccs_ver(2.2)";
     }
     return text + ")";
@@ -167,7 +169,7 @@ std::vector<uint8_t> CSimScaler::DisplayInformation() const {
 std::vector<uint8_t> CSimScaler::Handle(const std::vector<uint8_t>& frame_I) {
     if (frame_I.size() == kSerialEdid.size() &&
         std::equal(kSerialEdid.begin(), kSerialEdid.end(), frame_I.begin())) {
-        return mFamily.serialEdid ? mEdid : std::vector<uint8_t>{};
+        return mFamily.Has(eAnswersSerialEdid) ? mEdid : std::vector<uint8_t>{};
     }
     const bool resetTail = frame_I.size() == kResetTail.size() + 1 &&
                            std::equal(kResetTail.begin(), kResetTail.end(), frame_I.begin() + 1);
@@ -238,7 +240,7 @@ std::vector<uint8_t> CSimScaler::HandleRequest(const std::vector<uint8_t>& paylo
 
 std::vector<uint8_t> CSimScaler::GetFeature(const std::vector<uint8_t>& payload_I) {
     const bool indexed = payload_I.size() == 4 && payload_I[1] == kInformation;
-    if (indexed && !mFamily.edidIndexed) {
+    if (indexed && !mFamily.Has(eAnswersEdidIndexed)) {
         return Refuse(kInformation);
     }
     if (indexed) {
@@ -253,7 +255,7 @@ std::vector<uint8_t> CSimScaler::GetFeature(const std::vector<uint8_t>& payload_
         return NoteHostError("Get VCP Feature with " + std::to_string(payload_I.size()) + " bytes");
     }
     const uint8_t code = payload_I[1];
-    if (code == kInformation && mFamily.displayInformation) {
+    if (code == kInformation && mFamily.Has(eAnswersInformation)) {
         std::vector<uint8_t> payload = {kFeatureReply};
         const std::vector<uint8_t> record = DisplayInformation();
         payload.insert(payload.end(), record.begin(), record.end());
@@ -309,10 +311,10 @@ std::vector<uint8_t> CSimScaler::TableRead(const std::vector<uint8_t>& payload_I
         return NoteHostError("Table Read with " + std::to_string(payload_I.size()) + " bytes");
     }
     const uint16_t offset = static_cast<uint16_t>(payload_I[2] << 8 | payload_I[3]);
-    if (payload_I[1] == kCapabilities && mFamily.privateCaps) {
+    if (payload_I[1] == kCapabilities && mFamily.Has(eAnswersPrivateCaps)) {
         return FragmentReply(kTableReadReply, offset, AsBytes(mCapabilities));
     }
-    if (payload_I[1] == kEdidTable && mFamily.edidFragments) {
+    if (payload_I[1] == kEdidTable && mFamily.Has(eAnswersEdidFragments)) {
         return FragmentReply(kTableReadReply, offset, mEdid);
     }
     return SimNullMessage();
@@ -321,12 +323,12 @@ std::vector<uint8_t> CSimScaler::TableRead(const std::vector<uint8_t>& payload_I
 std::vector<uint8_t> CSimScaler::Private(const std::vector<uint8_t>& payload_I) {
     const size_t size = payload_I.size();
     const uint8_t command = size > 1 ? payload_I[1] : 0;
-    const bool knows = mFamily.edidFactoryChunks || mFamily.bridgeCommands;
+    const bool knows = mFamily.Has(eAnswersEdidChunks) || mFamily.Has(eAnswersBridge);
     if (command == kFactoryMode && size == 4 && knows) {
         mFactoryMode = payload_I[3] != 0;
         return SimNullMessage();
     }
-    if (command == kEdidChunk && size == 3 && mFamily.edidFactoryChunks && mFactoryMode) {
+    if (command == kEdidChunk && size == 3 && mFamily.Has(eAnswersEdidChunks) && mFactoryMode) {
         // 16 EDID bytes and two bytes of the EEPROM's page address.
         const size_t at = payload_I[2] * kChunkSize;
         std::vector<uint8_t> chunk(kChunkSize + 2, 0x00);
@@ -336,7 +338,7 @@ std::vector<uint8_t> CSimScaler::Private(const std::vector<uint8_t>& payload_I) 
         chunk[kChunkSize + 1] = payload_I[2];
         return SimReplyFrame(chunk);
     }
-    if (command == kBridgeCaps && size == 3 && mFamily.bridgeCommands) {
+    if (command == kBridgeCaps && size == 3 && mFamily.Has(eAnswersBridge)) {
         const uint8_t index = payload_I[2];
         if (index == 0) {
             const std::vector<uint8_t> sizeReply = {
@@ -353,7 +355,7 @@ std::vector<uint8_t> CSimScaler::Private(const std::vector<uint8_t>& payload_I) 
             return SimReplyFrame(chunk);
         }
     }
-    if (command == kBridgeVersion && size == 2 && mFamily.bridgeCommands) {
+    if (command == kBridgeVersion && size == 2 && mFamily.Has(eAnswersBridge)) {
         // Six digits, last first: major, minor, build as two digits each.
         char text[7];
         std::snprintf(text, sizeof(text), "%02u%02u%02u", mModel.firmware[0] % 100u,
@@ -417,5 +419,9 @@ std::vector<uint8_t> CSimScaler::NoteHostError(std::string text_I) {
 }
 
 void CSimScaler::ReportHostError(std::string text_I) {
+    if (gTraceEnabled) {
+        Trace("Simulated %.*s %s: host error: %s\n", static_cast<int>(mModel.name.size()),
+              mModel.name.data(), mSerial.c_str(), text_I.c_str());
+    }
     mHostErrors.push_back(std::move(text_I));
 }

@@ -1,6 +1,7 @@
 #include "sim/CSimTiBridge.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace {
 
@@ -9,8 +10,8 @@ constexpr uintptr_t kDeviceValueBase = 0x1000;
 
 } // namespace
 
-void CSimTiBridge::AddDevice(ISimI2CTarget& bus_I) {
-    mBridges.push_back({&bus_I, true});
+void CSimTiBridge::AddDevice(ISimI2CTarget& bus_I, std::function<bool()> present_I) {
+    mBridges.push_back({&bus_I, true, std::move(present_I)});
 }
 
 void CSimTiBridge::SetPresent(int index_I, bool present_I) {
@@ -22,7 +23,7 @@ void CSimTiBridge::SetPresent(int index_I, bool present_I) {
 int CSimTiBridge::AvailableDevices() const {
     int count = 0;
     for (const SBridge& bridge : mBridges) {
-        count += bridge.present ? 1 : 0;
+        count += bridge.IsPresent() ? 1 : 0;
     }
     return count;
 }
@@ -30,7 +31,7 @@ int CSimTiBridge::AvailableDevices() const {
 int CSimTiBridge::PresentIndexToSlot(int index_I) const {
     int seen = 0;
     for (size_t slot = 0; slot < mBridges.size(); ++slot) {
-        if (!mBridges[slot].present) {
+        if (!mBridges[slot].IsPresent()) {
             continue;
         }
         if (seen == index_I) {
@@ -59,7 +60,7 @@ int CSimTiBridge::CloseDevice() {
 }
 
 ISimI2CTarget* CSimTiBridge::OpenBus() const {
-    if (mOpen < 0 || !mBridges[static_cast<size_t>(mOpen)].present) {
+    if (mOpen < 0 || !mBridges[static_cast<size_t>(mOpen)].IsPresent()) {
         return nullptr;
     }
     return mBridges[static_cast<size_t>(mOpen)].bus;

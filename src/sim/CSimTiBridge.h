@@ -6,12 +6,14 @@
 #include "sim/ISimI2CTarget.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 class CSimTiBridge {
 public:
     // The targets stay owned by the caller; one target is the bus behind one bridge.
-    void AddDevice(ISimI2CTarget& bus_I);
+    // present_I, when given, ties the bridge to the display it sits in.
+    void AddDevice(ISimI2CTarget& bus_I, std::function<bool()> present_I = {});
     // A bridge taken off USB no longer counts, and calls to it fail.
     void SetPresent(int index_I, bool present_I);
 
@@ -30,6 +32,8 @@ private:
     struct SBridge {
         ISimI2CTarget* bus;
         bool present;
+        std::function<bool()> presenceProbe;
+        bool IsPresent() const { return present && (!presenceProbe || presenceProbe()); }
     };
     ISimI2CTarget* OpenBus() const;
     int PresentIndexToSlot(int index_I) const;

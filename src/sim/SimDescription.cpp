@@ -128,7 +128,64 @@ std::string ParseEdid(std::string_view text_I, const SSimModel& model_I, uint16_
     return {};
 }
 
-std::string ParseDisplay(std::string_view text_I, SSimDisplaySpec& spec_I) {
+// Reads the decimal number at the front of text_I; false when there is none.
+bool TakeNumber(std::string_view& text_I, int& number_I) {
+    const auto [end, status] =
+        std::from_chars(text_I.data(), text_I.data() + text_I.size(), number_I);
+    if (status != std::errc() || number_I < 0) {
+        return false;
+    }
+    text_I.remove_prefix(static_cast<size_t>(end - text_I.data()));
+    return true;
+}
+
+std::string ParseFault(std::string_view text_I, std::vector<SSimFault>& faults_I) {
+    const std::string bad = "fault \"" + std::string(text_I) + "\"";
+    std::string_view rest = text_I;
+    size_t letters = 0;
+    while (letters < rest.size() && std::isalpha(static_cast<unsigned char>(rest[letters]))) {
+        ++letters;
+    }
+    std::string name(rest.substr(0, letters));
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    rest.remove_prefix(letters);
+    const std::optional<ESimFault> kind = SimFaultFromName(name);
+    if (!kind) {
+        return bad + " is of no known kind (known: nack, badchecksum, null, short, notready, "
+                     "othercode, silence, late, unplug)";
+    }
+    SSimFault fault{*kind};
+    const bool hasParam = !rest.empty() && std::isdigit(static_cast<unsigned char>(rest[0]));
+    if (hasParam != SimFaultTakesParam(*kind)) {
+        return bad + (hasParam ? " takes no number" : " needs a number");
+    }
+    if (hasParam && !TakeNumber(rest, fault.param)) {
+        return bad + " has a number out of range";
+    }
+    if (!rest.empty() && rest[0] == '@') {
+        rest.remove_prefix(1);
+        if (!TakeNumber(rest, fault.skip)) {
+            return bad + " needs a count behind @";
+        }
+    }
+    if (!rest.empty() && rest[0] == '*') {
+        rest.remove_prefix(1);
+        if (SameText(rest, "forever")) {
+            fault.times = -1;
+            rest = {};
+        } else if (!TakeNumber(rest, fault.times) || fault.times == 0) {
+            return bad + " needs a count of 1 or more, or forever, behind *";
+        }
+    }
+    if (!rest.empty()) {
+        return bad + " has \"" + std::string(rest) + "\" left over";
+    }
+    faults_I.push_back(fault);
+    return {};
+}
+
+std::string ParseDisplay(std::string_view text_I, SSimDisplayEntry& entry_I) {
     const std::vector<std::string_view> parts = Split(text_I, ':');
     const std::string_view head = Trim(parts[0]);
     const size_t at = head.find('@');
@@ -136,13 +193,13 @@ std::string ParseDisplay(std::string_view text_I, SSimDisplaySpec& spec_I) {
     if (name.empty()) {
         return "no model name";
     }
-    spec_I.model = ModelByName(name);
-    if (spec_I.model == nullptr) {
+    entry_I.model = ModelByName(name);
+    if (entry_I.model == nullptr) {
         return "unknown model \"" + std::string(name) + "\" (known: " + KnownModels() + ")";
     }
-    spec_I.channels = DefaultSimChannels(*spec_I.model);
+    entry_I.channels = DefaultSimChannels(*entry_I.model);
     if (at != std::string_view::npos) {
-        if (std::string error = ParseChannels(head.substr(at + 1), spec_I.channels);
+        if (std::string error = ParseChannels(head.substr(at + 1), entry_I.channels);
             !error.empty()) {
             return error;
         }
@@ -155,18 +212,21 @@ std::string ParseDisplay(std::string_view text_I, SSimDisplaySpec& spec_I) {
             equals == std::string_view::npos ? std::string_view() : Trim(option.substr(equals + 1));
         std::string error;
         if (equals != std::string_view::npos && SameText(key, "serial")) {
-            error = ParseSerial(value, spec_I.serial);
+            error = ParseSerial(value, entry_I.serial);
         } else if (equals != std::string_view::npos && SameText(key, "edid")) {
-            error = ParseEdid(value, *spec_I.model, spec_I.edidNumber);
+            error = ParseEdid(value, *entry_I.model, entry_I.edidNumber);
+        } else if (equals != std::string_view::npos && SameText(key, "fault")) {
+            error = ParseFault(value, entry_I.faults);
         } else {
-            error = "unknown option \"" + std::string(option) + "\" (known: serial=, edid=)";
+            error =
+                "unknown option \"" + std::string(option) + "\" (known: serial=, edid=, fault=)";
         }
         if (!error.empty()) {
             return error;
         }
     }
-    if (spec_I.edidNumber == 0) {
-        spec_I.edidNumber = spec_I.model->edidNumbers[0];
+    if (entry_I.edidNumber == 0) {
+        entry_I.edidNumber = entry_I.model->edidNumbers[0];
     }
     return {};
 }
@@ -186,17 +246,17 @@ SSimDescription ParseSimDescription(std::string_view text_I) {
     }
     const std::vector<std::string_view> items = Split(text_I, ',');
     for (size_t i = 0; i < items.size(); ++i) {
-        SSimDisplaySpec spec;
-        if (std::string error = ParseDisplay(items[i], spec); !error.empty()) {
+        SSimDisplayEntry entry;
+        if (std::string error = ParseDisplay(items[i], entry); !error.empty()) {
             result.error = "display " + std::to_string(i + 1) + " (\"" +
                            std::string(Trim(items[i])) + "\"): " + error;
             result.displays.clear();
             return result;
         }
-        if (spec.serial.empty()) {
-            spec.serial = DefaultSerial(spec.edidNumber, i + 1);
+        if (entry.serial.empty()) {
+            entry.serial = DefaultSerial(entry.edidNumber, i + 1);
         }
-        result.displays.push_back(std::move(spec));
+        result.displays.push_back(std::move(entry));
     }
     std::set<std::string> serials;
     for (size_t i = 0; i < result.displays.size(); ++i) {
@@ -210,37 +270,48 @@ SSimDescription ParseSimDescription(std::string_view text_I) {
     return result;
 }
 
-std::string FormatSimDescription(std::span<const SSimDisplaySpec> displays_I) {
+std::string FormatSimDescription(std::span<const SSimDisplayEntry> displays_I) {
     std::string text;
-    for (const SSimDisplaySpec& spec : displays_I) {
-        if (spec.model == nullptr) {
+    for (const SSimDisplayEntry& entry : displays_I) {
+        if (entry.model == nullptr) {
             continue;
         }
         text += text.empty() ? "" : ",";
-        text += spec.model->name;
+        text += entry.model->name;
         text += '@';
         std::string channels;
         for (int i = 0; i < kSimChannelCount; ++i) {
-            if ((spec.channels & SimChannelBit(static_cast<ESimChannel>(i))) != 0) {
+            if ((entry.channels & SimChannelBit(static_cast<ESimChannel>(i))) != 0) {
                 channels += channels.empty() ? "" : "+";
                 channels += SimChannelName(static_cast<ESimChannel>(i));
             }
         }
         text += channels.empty() ? "none" : channels;
         char edid[16];
-        std::snprintf(edid, sizeof(edid), "%04X", spec.edidNumber);
-        text += ":serial=" + spec.serial + ":edid=" + edid;
+        std::snprintf(edid, sizeof(edid), "%04X", entry.edidNumber);
+        text += ":serial=" + entry.serial + ":edid=" + edid;
+        for (const SSimFault& fault : entry.faults) {
+            text += ":fault=" + std::string(SimFaultName(fault.kind));
+            text += SimFaultTakesParam(fault.kind) ? std::to_string(fault.param) : "";
+            text += fault.skip != 0 ? "@" + std::to_string(fault.skip) : "";
+            text += fault.times < 0    ? "*forever"
+                    : fault.times != 1 ? "*" + std::to_string(fault.times)
+                                       : "";
+        }
     }
     return text;
 }
 
 std::vector<std::unique_ptr<CSimDisplay>>
-MakeSimDisplays(std::span<const SSimDisplaySpec> displays_I) {
+MakeSimDisplays(std::span<const SSimDisplayEntry> displays_I) {
     std::vector<std::unique_ptr<CSimDisplay>> displays;
-    for (const SSimDisplaySpec& spec : displays_I) {
-        if (spec.model != nullptr) {
-            displays.push_back(std::make_unique<CSimDisplay>(*spec.model, spec.serial,
-                                                             spec.channels, spec.edidNumber));
+    for (const SSimDisplayEntry& entry : displays_I) {
+        if (entry.model != nullptr) {
+            displays.push_back(std::make_unique<CSimDisplay>(*entry.model, entry.serial,
+                                                             entry.channels, entry.edidNumber));
+            for (const SSimFault& fault : entry.faults) {
+                displays.back()->Faults().Arm(fault);
+            }
         }
     }
     return displays;

@@ -31,7 +31,19 @@ struct SSimEffect {
     uint16_t targetValue = 0;
 };
 
-// The private commands and quirks of one firmware.
+// What a firmware answers beyond Get and Set VCP Feature, Save and the capability read F3.
+enum ESimAnswers : uint16_t {
+    eAnswersPrivateCaps = 1 << 0,   // the table-read form E2 F3 of the capability read
+    eAnswersInformation = 1 << 1,   // a plain read of F2 with the information record
+    eAnswersEdidIndexed = 1 << 2,   // the indexed read F2 00 i with 16 EDID bytes
+    eAnswersEdidFragments = 1 << 3, // the table-read form E2 C3 with EDID fragments
+    eAnswersEdidChunks = 1 << 4,    // C0 66 i with EDID chunks while in factory mode (C0 E1)
+    eAnswersBridge = 1 << 5,        // the TI bridge's C0 6F chunks and C0 EF version
+    eAnswersSerialEdid = 1 << 6,    // the serial channel's A0 00 with raw EDID
+    eOmitsMccsVersion = 1 << 7,     // quirk: the capability string has no mccs_ver
+};
+
+// One scaler firmware.
 struct SSimFamily {
     ESimFamily family;
     std::span<const SSimFeature> features;
@@ -40,14 +52,9 @@ struct SSimFamily {
     // code 0 means none.
     uint8_t customCode = 0;
     uint16_t customValue = 0;
-    bool mccsVersion = true;         // the capability string carries mccs_ver
-    bool privateCaps = false;        // answers the table-read form E2 F3 of the capability read
-    bool displayInformation = false; // answers a plain read of F2 with the information record
-    bool edidIndexed = false;        // answers the indexed read F2 00 i with 16 EDID bytes
-    bool edidFragments = false;      // answers the table-read form E2 C3 with EDID fragments
-    bool edidFactoryChunks = false;  // answers C0 66 i with EDID chunks while in factory mode
-    bool bridgeCommands = false;     // answers the TI bridge's C0 6F chunks and C0 EF version
-    bool serialEdid = false;         // answers the serial channel's A0 00 with raw EDID
+    uint16_t answers = 0; // ESimAnswers
+
+    bool Has(ESimAnswers what_I) const { return (answers & what_I) != 0; }
 };
 
 struct SSimModel {

@@ -13,7 +13,8 @@ public:
     CMathAPI(const wchar_t* file, bool load, bool quiet) : CImportWin32API(file, load, quiet) {}
     VRX_IMPORT_FUNCTION(double(double), cos, -2.0);
     VRX_IMPORT_FUNCTION(int(int), no_such_function_here, -1);
-    VRX_IMPORT_FUNCTION(void(int), no_such_procedure_here, false);
+    VRX_IMPORT_FUNCTION(void(int), no_such_procedure_here);
+    VRX_IMPORT_FUNCTION(long(const char*), another_missing_one);
 };
 
 struct SAssertsOn {
@@ -65,6 +66,7 @@ TEST(ImportWin32API, MissingFunctionInAPresentLibrary) {
     SetLastImportError(0);
     api.no_such_procedure_here(3);
     EXPECT_EQ(GetLastImportError(), 120u);
+    EXPECT_EQ(api.another_missing_one("x"), 0);
     EXPECT_EQ(capture.Lines().rfind("GetProcAddress: no_such_function_here not found in libm.so.6\n"
                                     "Assert:(procAddr) in ",
                                     0),

@@ -17,9 +17,14 @@ TEST(ScopeTimer, DestructorTracesTheElapsedTimeOnce) {
         timer.SetCount(7);
         SleepMs(12);
     }
+    {
+        CScopeTimer timer("Long");
+        clock->Advance(1234567);
+    }
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "TIME: CDisplayConfig::FindDisplays, = 1500 ms\n"
-              "TIME: Counted, = 12 ms, 7\n");
+              "TIME: Counted, = 12 ms, 7\n"
+              "TIME: Long, = 1.23457e+06 ms\n");
 }
 
 TEST(ScopeTimer, ExplicitReportSilencesTheDestructorAndFeedsTheAverage) {

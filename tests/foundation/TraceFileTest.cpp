@@ -81,8 +81,10 @@ TEST(TraceFile, FolderFollowsTheStateDirectory) {
 }
 
 TEST(TraceFile, SinkCopiesLinesWithThePrefixWhileOpen) {
-    const std::filesystem::path folder =
-        std::filesystem::path(testing::TempDir()) / "paneltune-trace" / "Vorex" / "Logs";
+    // Unique per process: other test runs may share the temporary folder.
+    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) /
+                                         ("paneltune-trace-" + std::to_string(CurrentProcessId())) /
+                                         "Vorex" / "Logs";
     std::filesystem::remove_all(folder);
     const std::filesystem::path file = folder / "trace.txt";
 
@@ -104,14 +106,18 @@ TEST(TraceFile, SinkCopiesLinesWithThePrefixWhileOpen) {
                               "foundation_tests \\S+ \\d+/\\d+/\\d+ \\d+:\\d+\n" + prefix +
                               "Windows OS: \\S+.*\n" + prefix + "value 5\n");
     EXPECT_TRUE(std::regex_match(content.str(), expected)) << content.str();
+    std::filesystem::remove_all(folder.parent_path().parent_path());
 }
 
 TEST(TraceFile, UnopenableFileLeavesTheSinkClosed) {
-    const std::filesystem::path blocker = std::filesystem::path(testing::TempDir()) / "pt-blocker";
+    const std::filesystem::path blocker =
+        std::filesystem::path(testing::TempDir()) /
+        ("paneltune-blocker-" + std::to_string(CurrentProcessId()));
     std::ofstream(blocker) << "a file where a folder should be";
     gTraceFilePath = (blocker / "trace.txt").wstring();
     OpenTraceFile();
     EXPECT_FALSE(IsTraceFileOpen());
     EXPECT_EQ(Trace("still traced\n"), 13);
     gTraceFilePath.clear();
+    std::filesystem::remove(blocker);
 }

@@ -114,9 +114,9 @@ TEST(CDisplayInitialize, RepairsTheOptionsThatSomeModelsAnnounceWrongly) {
         std::vector<int32_t> values;
         const std::type_info* type;
     };
-    const char withPresets[] =
-        "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10 14(01 02) F0(01) F3(00 01) F4(02 03))"
-        "mccs_ver(2.2))";
+    const char withPresets[] = "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10 14(01 02) 72(00 01) "
+                               "F0(01) F3(00 01) F4(02 03))"
+                               "mccs_ver(2.2))";
     const char withoutPresets[] = "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10)mccs_ver(2.2))";
     const SCase cases[] = {
         {kCedarSmall,
@@ -156,6 +156,13 @@ TEST(CDisplayInitialize, RepairsTheOptionsThatSomeModelsAnnounceWrongly) {
          &typeid(VCPOptionCodeWithEnumerationT<displayPresetCode>)},
         {kBirch, withPresets, vcpC_FanSpeed, true, {0, 1}, nullptr},
         {kBirch, withoutPresets, vcpC_SelectColorPreset, false, {}, nullptr},
+        {kBirch,
+         withPresets,
+         vcpC_Gamma,
+         true,
+         {0, 1},
+         &typeid(VCPOptionCodeWithEnumerationT<gammaCode>)},
+        {kElmSmall, withPresets, vcpC_Gamma, true, {}, &typeid(VCPOptionSingleCode)},
     };
     for (const SCase& c : cases) {
         SCOPED_TRACE(testing::Message() << std::hex << c.edid << " code " << c.code);
@@ -163,7 +170,7 @@ TEST(CDisplayInitialize, RepairsTheOptionsThatSomeModelsAnnounceWrongly) {
         ASSERT_TRUE(session.mInitialized);
         const CDisplay& display = session.mDisplay;
         ASSERT_EQ(display.GetOptions().count(c.code), c.present ? 1u : 0u);
-        if (c.present) {
+        if (c.present && !c.values.empty()) {
             EXPECT_EQ(ValuesOf(display, c.code), c.values);
         }
         if (c.type != nullptr) {
@@ -175,12 +182,48 @@ TEST(CDisplayInitialize, RepairsTheOptionsThatSomeModelsAnnounceWrongly) {
     EXPECT_EQ(cedarTwo.mDisplay.GetCapabilitiesString(), withPresets);
 }
 
-TEST(CDisplayInitialize, GammaIsALevelOnlyOnElmModels) {
-    const char caps[] = "(prot(monitor)type(LCD)model(A)cmds(01)vcp(72(00 01))mccs_ver(2.2))";
-    CDisplaySession elm(kElmSmall, caps);
-    CDisplaySession birch(kBirch, caps);
-    ASSERT_TRUE(elm.mInitialized && birch.mInitialized);
-    EXPECT_EQ(typeid(*elm.mDisplay.GetOptions().at(vcpC_Gamma)), typeid(VCPOptionSingleCode));
-    EXPECT_EQ(typeid(*birch.mDisplay.GetOptions().at(vcpC_Gamma)),
-              typeid(VCPOptionCodeWithEnumerationT<gammaCode>));
+TEST(CDisplayInitialize, ReadsTheCapabilityStringOfEachFamily) {
+    const char head[] = "(prot(monitor)type(LCD)model(PDX)cmds(01 02 03 0C E3 F3)vcp(04 08 10 12 ";
+    const struct {
+        uint16_t edid;
+        const char* rest;
+        size_t options;
+        vcpCode code;
+        std::vector<int32_t> values;
+    } cases[] = {
+        {0x1040, "14(05 08 0B) 16 18 1A 86(03 08))mccs_ver(2.2))", 9, vcpC_DisplayScaling, {3, 8}},
+        {0x1041, "6B 14(05 08 0B) 86(03 08))mccs_ver(2.1))", 7, vcpC_SelectColorPreset, {5, 8, 11}},
+        {0x1044,
+         "14(04 05 06 08 09 0B) 16 18 1A 72(01 02) 87 C9 CC(02 03) E0(00 01) E2(01 02 03) "
+         "E3(01 02 03 04) E8(00 01) E9(00 01) EA(01) F0(01 03 04 05 06 07 09))mccs_ver(2.2))",
+         19,
+         vcpC_Gamma,
+         {1, 2}},
+        {0x1054,
+         "16 18 1A 59 5B 5D 72 87 9B 9D 9F C9 E0(00 01) E2(01 02 03) E8(00 01) E9(00 01) "
+         "EA(01) EE(00 01) F0(02 03 05 06 07 08 09 0A 0B 0C 0D)))",
+         23,
+         vcpC_DisplayPresets,
+         {2, 3, 5, 6, 7, 8, 9, 10, 11, 12, 13}},
+        {0x1057, "72 E0(00 01) F0(00 05 06) F3(00 01)))", 7, vcpC_DisplayPresets, {0, 5, 6}},
+        {0x1064,
+         "14(05 08 0B) 72(00 01 02 03) C9 E3(00 01 07) EF(00 01 02 03) F0(00 01 02))"
+         "mccs_ver(2.2))",
+         10,
+         vcpC_LedBrightness,
+         {0, 1, 2, 3}},
+        {0x1052, "14(05 06) F4(02 03))mccs_ver(2.2))", 6, vcpC_BatteryMode, {2, 3}},
+        {0x1067, "14(05 06) F4(02 03) F3(00 01))mccs_ver(2.2))", 7, vcpC_BatteryMode, {0, 2, 3}},
+        {0x1070,
+         "6B 14(05 08 0B) E0(00 01 02 03) F0(00 01))mccs_ver(2.2))",
+         8,
+         vcpC_UniformityCompensation,
+         {0, 1, 2, 3}},
+    };
+    for (const auto& c : cases) {
+        CDisplaySession session(c.edid, (std::string(head) + c.rest).c_str());
+        ASSERT_TRUE(session.mInitialized) << std::hex << c.edid;
+        EXPECT_EQ(session.mDisplay.GetOptions().size(), c.options) << std::hex << c.edid;
+        EXPECT_EQ(ValuesOf(session.mDisplay, c.code), c.values) << std::hex << c.edid;
+    }
 }

@@ -160,62 +160,30 @@ TEST(CDisplaySession, ResetDropsTheModelAndClosesTheChannel) {
     EXPECT_FALSE(session.mDisplay.SetVCPValue(vcpC_Luminance, 1));
 }
 
-TEST(CDisplaySession, DumpStateListsKeysAndWhenTracingTheOptions) {
-    CDisplaySession session(kBirch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10)mccs_ver(2.2))");
-    const std::string keys = "Key cmds value 01\nKey mccs_ver value 2.2\nKey model value A\n"
-                             "Key prot value monitor\nKey type value LCD\nKey vcp value 10\n";
-    EXPECT_EQ(session.mDisplay.DumpState(), keys);
-    const bool wasEnabled = gTraceEnabled;
-    gTraceEnabled = true;
-    EXPECT_EQ(session.mDisplay.DumpState(),
-              keys + "VCP Codes Supported\nKey Luminance (10)\nValue:  Name = Luminance (10)\n"
-                     " Value = 0 (0)\n Readable/Writable, Continuous, Size: read 4, write 2\n"
-                     " Max = 0\n\n");
-    gTraceEnabled = wasEnabled;
-}
-
 TEST(CDisplayModels, EachPredicateNamesItsModels) {
-    struct SCase {
-        uint16_t edid;
-        std::vector<bool (CDisplay::*)() const> truePredicates;
-    };
     using D = CDisplay;
-    const SCase cases[] = {
-        {0x1052, {&D::IsCedarGenOne, &D::IsCedarFamily}},
-        {0x1053, {&D::IsCedarGenOne, &D::IsCedarFamily}},
-        {0x1066, {&D::IsCedarGenTwo, &D::IsCedarFamily}},
-        {0x1067, {&D::IsCedarGenTwo, &D::IsCedarFamily}},
-        {0x1054, {&D::IsElmFamily}},
-        {0x1055, {&D::IsElmFamily}},
-        {0x1056, {&D::IsElmFamily, &D::IsElmLargeFamily}},
-        {0x1060, {&D::IsElmFamily, &D::IsElmLargeFamily}},
-        {0x1063, {&D::IsElmFamily, &D::IsElmLargeFamily}},
-        {0x1057, {&D::IsElmFamily, &D::IsElmHuge}},
-        {0x1043, {&D::IsBirchFamily}},
-        {0x1049, {&D::IsBirchFamily}},
-        {0x1040, {&D::IsAlderFamily}},
-        {0x1046, {&D::IsAlderFamily}},
-        {0x1041, {}},
-        {0x1042, {}},
-        {0x1064, {&D::IsFirFamily}},
-        {0x1068, {&D::IsFirFamily}},
-        {0x1065, {&D::IsFirFamily}},
-        {0x1071, {&D::IsFirTwoFamily, &D::IsHazelOrFirTwo}},
-        {0x1072, {&D::IsFirTwoFamily, &D::IsHazelOrFirTwo}},
-        {0x1070, {&D::IsHazelOrFirTwo}},
-        {0x9999, {}},
+    const struct {
+        bool (D::*predicate)() const;
+        std::vector<uint16_t> edids;
+    } predicates[] = {
+        {&D::IsCedarGenOne, {0x1052, 0x1053}},
+        {&D::IsCedarGenTwo, {0x1066, 0x1067}},
+        {&D::IsCedarFamily, {0x1052, 0x1053, 0x1066, 0x1067}},
+        {&D::IsElmLargeFamily, {0x1056, 0x1060, 0x1063}},
+        {&D::IsElmHuge, {0x1057}},
+        {&D::IsElmFamily, {0x1054, 0x1055, 0x1056, 0x1057, 0x1060, 0x1063}},
+        {&D::IsBirchFamily, {0x1043, 0x1044, 0x1048, 0x1049}},
+        {&D::IsAlderFamily, {0x1040, 0x1046}},
+        {&D::IsFirFamily, {0x1064, 0x1065, 0x1068}},
+        {&D::IsFirTwoFamily, {0x1071, 0x1072}},
+        {&D::IsHazelOrFirTwo, {0x1070, 0x1071, 0x1072}},
     };
-    const std::vector<bool (D::*)() const> all = {
-        &D::IsCedarGenOne, &D::IsCedarGenTwo,  &D::IsCedarFamily,   &D::IsElmLargeFamily,
-        &D::IsElmHuge,     &D::IsElmFamily,    &D::IsBirchFamily,   &D::IsAlderFamily,
-        &D::IsFirFamily,   &D::IsFirTwoFamily, &D::IsHazelOrFirTwo,
-    };
-    for (const SCase& c : cases) {
-        const CDisplay display(nullptr, c.edid);
-        for (size_t i = 0; i < all.size(); ++i) {
-            const bool expected = std::find(c.truePredicates.begin(), c.truePredicates.end(),
-                                            all[i]) != c.truePredicates.end();
-            EXPECT_EQ((display.*all[i])(), expected) << std::hex << c.edid << " predicate " << i;
+    for (uint16_t edid = 0x103F; edid <= 0x1073; ++edid) {
+        const CDisplay display(nullptr, edid);
+        for (const auto& p : predicates) {
+            const bool expected = std::find(p.edids.begin(), p.edids.end(), edid) != p.edids.end();
+            EXPECT_EQ((display.*p.predicate)(), expected)
+                << std::hex << edid << " predicate " << &p - predicates;
         }
     }
 }

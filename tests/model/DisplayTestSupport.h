@@ -2,11 +2,15 @@
 // A display session on the shared fake connector under a virtual clock.
 
 #include "ddc/Frames.h"
+#include "foundation/Trace.h"
 #include "foundation/VirtualClock.h"
 #include "model/CDisplay.h"
 #include "support/CFakeConnector.h"
 
+#include <gtest/gtest.h>
+
 #include <memory>
+#include <string>
 
 // EDID numbers of models with and without model-specific behaviour.
 constexpr uint16_t kBirch = 0x1044;
@@ -42,4 +46,27 @@ public:
     std::shared_ptr<CFakeConnector> mFake;
     CDisplay mDisplay;
     bool mInitialized = false;
+};
+
+// Trace lines of one call, with the verbose lines switched on.
+class CTraceCapture {
+public:
+    CTraceCapture() : mWasEnabled(gTraceEnabled) {
+        gTraceEnabled = true;
+        testing::internal::CaptureStderr();
+    }
+    ~CTraceCapture() {
+        if (!mTaken) {
+            testing::internal::GetCapturedStderr();
+        }
+        gTraceEnabled = mWasEnabled;
+    }
+    std::string Take() {
+        mTaken = true;
+        return testing::internal::GetCapturedStderr();
+    }
+
+private:
+    bool mWasEnabled;
+    bool mTaken = false;
 };

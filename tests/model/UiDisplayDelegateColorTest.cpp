@@ -54,6 +54,7 @@ TEST(UiDisplayDelegateColorTest, GetColorSettingFollowsTheDisplay) {
     const EColorSetting kS = eColorSetting_Space;
     const EColorSetting kC = eColorSetting_Custom;
     const SSettingCase cases[] = {
+        // clang-format off
         {"Birch calibrated", Edid::Birch, {{0xF0, 6}}, kT, space, kS, {}},
         {"Birch custom", Edid::Birch, {{0xF0, 9}}, kS, custom, kC, {}},
         {"Birch temperature mode keeps", Edid::Birch, {{0xF0, 7}}, kC, custom, kC, {}},
@@ -61,19 +62,9 @@ TEST(UiDisplayDelegateColorTest, GetColorSettingFollowsTheDisplay) {
         {"ElmLarge native", Edid::ElmLarge, {{0xF0, 0}}, kS, temperature, kT, {}},
         {"ElmLarge DCI P3", Edid::ElmLarge, {{0xF0, 8}}, kT, space, kS, {}},
         {"ElmLarge custom", Edid::ElmLarge, {{0xF0, 13}}, kS, custom, kC, {}},
-        {"ElmSmall Adobe RGB at 9300K",
-         Edid::ElmSmall,
-         {{0xF0, 5}, {0x14, 8}},
-         kS,
-         temperature,
-         kT,
+        {"ElmSmall Adobe RGB at 9300K", Edid::ElmSmall, {{0xF0, 5}, {0x14, 8}}, kS, temperature, kT,
          {}},
-        {"ElmSmall Adobe RGB at 6500K keeps",
-         Edid::ElmSmall,
-         {{0xF0, 5}, {0x14, 5}},
-         kS,
-         space,
-         kS,
+        {"ElmSmall Adobe RGB at 6500K keeps", Edid::ElmSmall, {{0xF0, 5}, {0x14, 5}}, kS, space, kS,
          {}},
         {"ElmSmall sRGB keeps", Edid::ElmSmall, {{0xF0, 6}}, kT, temperature, kT, {}},
         {"ElmSmall calibrated", Edid::ElmSmall, {{0xF0, 11}}, kT, space, kS, {}},
@@ -81,85 +72,37 @@ TEST(UiDisplayDelegateColorTest, GetColorSettingFollowsTheDisplay) {
         {"ElmSmall movie preset", Edid::ElmSmall, {{0xF0, 3}}, kT, space, kS, {{0xF0, 5}}},
         {"Fir user colour", Edid::FirSmall, {{0x14, 11}}, kS, custom, kC, {}},
         {"Fir 6500K", Edid::FirSmall, {{0x14, 5}}, kS, temperature, kT, {}},
-        {"Aspen user colour leaves the program's setting",
-         Edid::Aspen,
-         {{0x14, 11}},
-         kS,
-         custom,
-         kS,
-         {}},
+        {"Aspen user colour leaves the program's setting", Edid::Aspen, {{0x14, 11}}, kS, custom,
+         kS, {}},
         {"Aspen 6500K", Edid::Aspen, {{0x14, 5}}, kS, temperature, kS, {}},
         {"Cedar Adobe RGB keeps", Edid::CedarSmall, {{0xE3, 1}}, kS, space, kS, {}},
-        {"Cedar native at 5000K",
-         Edid::CedarSmall,
-         {{0xE3, 7}, {0x14, 4}},
-         kS,
-         temperature,
-         kT,
+        {"Cedar native at 5000K", Edid::CedarSmall, {{0xE3, 7}, {0x14, 4}}, kS, temperature, kT,
          {}},
-        {"Cedar native at 6500K keeps",
-         Edid::CedarSmall,
-         {{0xE3, 7}, {0x14, 5}},
-         kS,
-         space,
-         kS,
+        {"Cedar native at 6500K keeps", Edid::CedarSmall, {{0xE3, 7}, {0x14, 5}}, kS, space, kS,
          {}},
-        {"Cedar native at user colour",
-         Edid::CedarSmall,
-         {{0xE3, 7}, {0x14, 11}},
-         kS,
-         custom,
-         kC,
+        {"Cedar native at user colour", Edid::CedarSmall, {{0xE3, 7}, {0x14, 11}}, kS, custom, kC,
          {}},
-        {"CedarTwo native at 6500K",
-         Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 5}},
-         kS,
-         temperature,
-         kT,
+        {"CedarTwo native at 6500K", Edid::CedarSmallTwo, {{0xF0, 7}, {0x14, 5}}, kS, temperature,
+         kT, {}},
+        {"CedarTwo neutral gains", Edid::CedarSmallTwo,
+         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 128, 255}, {0x1A, 128, 255}}, kT, space,
+         kS, {}},
+        {"CedarTwo 5000K gains", Edid::CedarSmallTwo,
+         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 98, 255}, {0x1A, 96, 255}}, kS,
+         temperature, kT, {{0x14, 4}}},
+        {"CedarTwo 6500K gains", Edid::CedarSmallTwo,
+         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 103, 255}, {0x1A, 116, 255}}, kS,
+         temperature, kT, {{0x14, 5}}},
+        {"CedarTwo 9300K gains", Edid::CedarSmallTwo,
+         {{0xF0, 7}, {0x14, 11}, {0x16, 118, 255}, {0x18, 99, 255}, {0x1A, 128, 255}}, kS,
+         temperature, kT, {{0x14, 8}}},
+        {"CedarTwo other gains", Edid::CedarSmallTwo,
+         {{0xF0, 7}, {0x14, 11}, {0x16, 10, 255}, {0x18, 20, 255}, {0x1A, 30, 255}}, kS, custom, kC,
          {}},
-        {"CedarTwo neutral gains",
-         Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 128, 255}, {0x1A, 128, 255}},
-         kT,
-         space,
-         kS,
-         {}},
-        {"CedarTwo 5000K gains",
-         Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 98, 255}, {0x1A, 96, 255}},
-         kS,
-         temperature,
-         kT,
-         {{0x14, 4}}},
-        {"CedarTwo 6500K gains",
-         Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 103, 255}, {0x1A, 116, 255}},
-         kS,
-         temperature,
-         kT,
-         {{0x14, 5}}},
-        {"CedarTwo 9300K gains",
-         Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 11}, {0x16, 118, 255}, {0x18, 99, 255}, {0x1A, 128, 255}},
-         kS,
-         temperature,
-         kT,
-         {{0x14, 8}}},
-        {"CedarTwo other gains",
-         Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 11}, {0x16, 10, 255}, {0x18, 20, 255}, {0x1A, 30, 255}},
-         kS,
-         custom,
-         kC,
-         {}},
-        {"CedarTwo already custom",
-         Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 128, 255}, {0x1A, 128, 255}},
-         kC,
-         custom,
-         kC,
-         {}},
+        {"CedarTwo already custom", Edid::CedarSmallTwo,
+         {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 128, 255}, {0x1A, 128, 255}}, kC, custom,
+         kC, {}},
+        // clang-format on
     };
     for (const SSettingCase& c : cases) {
         SCOPED_TRACE(c.name);
@@ -188,22 +131,15 @@ struct SSetCase {
 
 TEST(UiDisplayDelegateColorTest, SetColorSettingByModel) {
     const SSetCase cases[] = {
+        // clang-format off
         {"Birch temperature", Edid::Birch, {{0xF0, 9}}, 0, true, {{0xF0, 7}}},
-        {"Birch space goes back to the default preset",
-         Edid::Birch,
-         {{0xF0, 9}, {0xE3, 3}, {0x14, 8}},
-         1,
-         true,
-         {{0xF0, 7}, {0x14, 5}}},
+        {"Birch space goes back to the default preset", Edid::Birch,
+         {{0xF0, 9}, {0xE3, 3}, {0x14, 8}}, 1, true, {{0xF0, 7}, {0x14, 5}}},
         {"Birch custom", Edid::Birch, {}, 2, true, {{0xF0, 9}}},
         {"Birch has no fourth setting", Edid::Birch, {}, 3, false, {}},
         {"ElmSmall custom", Edid::ElmSmall, {}, 2, true, {{0xF0, 13}}},
-        {"ElmSmall temperature leaves the space first",
-         Edid::ElmSmall,
-         {{0xF0, 6}, {0x14, 8}},
-         0,
-         true,
-         {{0x14, 5}, {0xF0, 5}}},
+        {"ElmSmall temperature leaves the space first", Edid::ElmSmall, {{0xF0, 6}, {0x14, 8}}, 0,
+         true, {{0x14, 5}, {0xF0, 5}}},
         {"ElmLarge temperature at preset 12", Edid::ElmLarge, {{0x14, 12}}, 0, true, {{0x14, 5}}},
         {"ElmLarge temperature", Edid::ElmLarge, {{0x14, 8}}, 0, true, {}},
         {"Fir custom", Edid::FirSmall, {}, 2, true, {{0x14, 11}}},
@@ -213,25 +149,14 @@ TEST(UiDisplayDelegateColorTest, SetColorSettingByModel) {
         {"Aspen temperature from user colour", Edid::Aspen, {{0x14, 11}}, 0, true, {{0x14, 5}}},
         {"Aspen temperature", Edid::Aspen, {{0x14, 8}}, 0, true, {}},
         {"Cedar space", Edid::CedarSmall, {{0xE3, 1}, {0x14, 8}}, 1, true, {{0xE3, 7}, {0x14, 5}}},
-        {"Cedar temperature from space",
-         Edid::CedarSmall,
-         {{0xE3, 1}, {0x14, 8}},
-         0,
-         true,
+        {"Cedar temperature from space", Edid::CedarSmall, {{0xE3, 1}, {0x14, 8}}, 0, true,
          {{0xE3, 7}}},
-        {"CedarTwo space",
-         Edid::CedarSmallTwo,
-         {{0xF0, 1}},
-         1,
-         true,
+        {"CedarTwo space", Edid::CedarSmallTwo, {{0xF0, 1}}, 1, true,
          {{0xF0, 7}, {0x16, 128}, {0x18, 128}, {0x1A, 128}}},
-        {"CedarTwo temperature",
-         Edid::CedarSmallTwo,
-         {{0xF0, 1}, {0x14, 8}},
-         0,
-         true,
+        {"CedarTwo temperature", Edid::CedarSmallTwo, {{0xF0, 1}, {0x14, 8}}, 0, true,
          {{0xF0, 7}, {0x16, 128}, {0x18, 128}, {0x1A, 128}, {0x14, 5}}},
         {"a model of no family", Edid::Unknown, {}, 0, false, {}},
+        // clang-format on
     };
     for (const SSetCase& c : cases) {
         SCOPED_TRACE(c.name);
@@ -247,6 +172,43 @@ TEST(UiDisplayDelegateColorTest, SetColorSettingByModel) {
             EXPECT_EQ(d.ColorSetting(), eColorSetting_Space);
         }
     }
+}
+
+TEST(UiDisplayDelegateColorTest, LeavingCustomColorGoesBackToTheDefaultPreset) {
+    struct SCase {
+        const char* name;
+        uint16_t edid;
+        std::vector<SFakeCode> changes;
+        EColorSetting next;
+        Writes writes;
+    };
+    const SCase cases[] = {
+        // clang-format off
+        {"ElmSmall to space", Edid::ElmSmall, {{0x14, 8}}, eColorSetting_Space, {{0x14, 5}, {0xF0, 5}}},
+        {"ElmSmall to temperature", Edid::ElmSmall, {{0x14, 8}}, eColorSetting_Temperature, {{0x14, 5}, {0xF0, 5}}},
+        {"ElmLarge to temperature", Edid::ElmLarge, {{0x14, 8}}, eColorSetting_Temperature, {{0x14, 5}}},
+        {"ElmLarge to space", Edid::ElmLarge, {{0x14, 8}}, eColorSetting_Space, {{0xF0, 5}}},
+        {"Cedar to temperature", Edid::CedarSmall, {{0x14, 8}, {0xE3, 1}}, eColorSetting_Temperature, {{0x14, 5}}},
+        // clang-format on
+    };
+    for (const SCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        CDelegateBench bench(c.edid, c.changes);
+        Delegate& d = *bench.mDelegate;
+        bench.ReadAll();
+        EXPECT_TRUE(d.SetColorSetting(eColorSetting_Custom));
+        bench.ClearTraffic();
+        EXPECT_TRUE(d.SetColorSetting(c.next));
+        EXPECT_EQ(d.ColorSetting(), c.next);
+        EXPECT_EQ(bench.SentWrites(), c.writes);
+    }
+
+    CDelegateBench failing(Edid::ElmSmall, {{0x14, 8}});
+    failing.ReadAll();
+    EXPECT_TRUE(failing.mDelegate->SetColorSetting(eColorSetting_Custom));
+    failing.mFake->FailWritesOf(0x14);
+    EXPECT_FALSE(failing.mDelegate->SetColorSetting(eColorSetting_Space));
+    EXPECT_EQ(failing.Value(0xF0), 13);
 }
 
 TEST(UiDisplayDelegateColorTest, CedarCustomColorPassesANeighbourSoTheScalerSeesAChange) {

@@ -82,11 +82,6 @@ TEST_F(FtdiLibrary, ListsAndOpensByEachKey) {
                                    SimFt::kListByIndex | SimFt::kOpenByLocation),
               SimFt::kOk);
     EXPECT_EQ(location, 0x1012u);
-    char text[64] = {};
-    EXPECT_EQ(mLibrary.ListDevices(reinterpret_cast<void*>(uintptr_t{0}), text,
-                                   SimFt::kListByIndex | SimFt::kOpenBySerialNumber),
-              SimFt::kOk);
-    EXPECT_STREQ(text, "FT1A2B3C");
     EXPECT_EQ(mLibrary.ListDevices(reinterpret_cast<void*>(uintptr_t{2}), &location,
                                    SimFt::kListByIndex | SimFt::kOpenByLocation),
               SimFt::kDeviceNotFound);
@@ -165,37 +160,10 @@ TEST_F(FtdiLibrary, ReadsWaitForTheLatencyTimerOrTheTimeOut) {
     EXPECT_THAT(mClock->Sleeps(), ElementsAre(5000u));
 }
 
-TEST_F(FtdiLibrary, PurgeAndResetDropWaitingBytes) {
-    SimFtHandle handle = OpenA();
-    RunOpenSequence(handle);
-    for (auto drop : {+[](CSimFtdiLibrary&library_I, SimFtHandle handle_I) {
-                          return library_I.Purge(handle_I, SimFt::kPurgeRx | SimFt::kPurgeTx);
-                      },
-                      +[](CSimFtdiLibrary&library_I, SimFtHandle handle_I) {
-                          return library_I.ResetDevice(handle_I);
-                      }}) {
-        ASSERT_EQ(Write(handle, {0xAA, 0x87, 0xAB}), SimFt::kOk);
-        ASSERT_EQ(drop(mLibrary, handle), SimFt::kOk);
-        uint32_t queued = 99;
-        mClock->Advance(100);
-        ASSERT_EQ(mLibrary.GetQueueStatus(handle, &queued), SimFt::kOk);
-        EXPECT_EQ(queued, 0u);
-    }
-}
-
 TEST_F(FtdiLibrary, OutsideMpsseModeWrittenBytesAreNotCommands) {
     SimFtHandle handle = OpenA();
     ASSERT_EQ(Write(handle, {0xAA, 0x87}), SimFt::kOk);
     EXPECT_TRUE(Read(handle, 2).empty());
-}
-
-TEST_F(FtdiLibrary, BadParametersAreRefused) {
-    SimFtHandle handle = OpenA();
-    EXPECT_EQ(mLibrary.SetUSBParameters(handle, 100, 0x10000), SimFt::kInvalidParameter);
-    EXPECT_EQ(mLibrary.SetUSBParameters(handle, 0x20000, 0x10000), SimFt::kInvalidParameter);
-    EXPECT_EQ(mLibrary.SetBitMode(handle, 0, 0x40), SimFt::kNotSupported);
-    EXPECT_EQ(mLibrary.GetQueueStatus(handle, nullptr), SimFt::kInvalidParameter);
-    EXPECT_EQ(mLibrary.ListDevices(nullptr, nullptr, 0), SimFt::kInvalidParameter);
 }
 
 TEST_F(FtdiLibrary, FaultsVanishedChipAndFailingResets) {

@@ -118,30 +118,16 @@ TEST_F(HidDevice, SilentScalerAnswersDoneWithoutFrame) {
     EXPECT_EQ(report[6], 0x00);
 }
 
-TEST_F(HidDevice, PresenceAndBusyFollowTheDisplay) {
-    bool present = true;
-    bool busy = true;
-    mDevice.SetPresenceProbe([&] { return present; });
-    mDevice.SetBusyProbe([&] { return busy; });
-    mTarget.replies = {kLuminanceReply};
-
-    ASSERT_TRUE(mDevice.SetFeature(RequestReport(0x03, kGetLuminance)));
-    EXPECT_EQ(Poll()[4], CSimHidDevice::kStatusBusy);
-    busy = false;
-    EXPECT_EQ(Poll()[4], CSimHidDevice::kStatusDone);
-
-    present = false;
-    Bytes report = StatusReport();
-    EXPECT_FALSE(mDevice.Open());
-    EXPECT_FALSE(mDevice.SetFeature(StatusReport()));
-    EXPECT_FALSE(mDevice.GetFeature(report));
-
-    present = true;
+TEST_F(HidDevice, AbsentOrHeldDeviceRefuses) {
     mDevice.SetHeldExclusively(true);
     EXPECT_FALSE(mDevice.Open());
     mDevice.SetHeldExclusively(false);
-    EXPECT_TRUE(mDevice.Open());
-    EXPECT_TRUE(mDevice.IsOpen());
+    mDevice.SetPresent(false);
+    EXPECT_FALSE(mDevice.Open());
+    Bytes report = StatusReport();
+    EXPECT_FALSE(mDevice.SetFeature(report));
+    EXPECT_FALSE(mDevice.GetFeature(report));
+    EXPECT_TRUE(mDevice.HostErrors().empty()) << "an absent device is no host error";
 }
 
 } // namespace

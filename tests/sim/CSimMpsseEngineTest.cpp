@@ -135,15 +135,6 @@ TEST_F(MpsseEngine, CommandsSplitOverWritesActAsOne) {
     EXPECT_THAT(Output(), ElementsAre(0x00, 0x00, 0xFA, 0xAA));
 }
 
-TEST_F(MpsseEngine, SendImmediateMarksWhatMayLeaveAtOnce) {
-    Feed(Join({Start(), SendByte(0x6F), ReadByte(true)}));
-    size_t flushed = 0;
-    const std::vector<uint8_t> out = mEngine.TakeOutput(flushed);
-    EXPECT_EQ(out.size(), 2u);
-    // The ACK bit came before a 0x87; the data byte after it waits for the latency timer.
-    EXPECT_EQ(flushed, 1u);
-}
-
 TEST_F(MpsseEngine, ClockSettingsAndLoopback) {
     EXPECT_EQ(mEngine.SclHz(), 100000u);
     Feed({0x8B});
@@ -154,14 +145,6 @@ TEST_F(MpsseEngine, ClockSettingsAndLoopback) {
     Feed({0x84, 0x80, 0x00, 0x03, 0x31, 0x00, 0x00, 0xA5, 0x85});
     EXPECT_THAT(Output(), ElementsAre(0xA5));
     EXPECT_FALSE(mEngine.Loopback());
-}
-
-TEST_F(MpsseEngine, PinsReadBackTheSlavesAck) {
-    // Address phase up to the ACK clock's high half: SCL up with SDA released.
-    Feed(Join({Start(), {0x11, 0x00, 0x00, 0x6E, 0x80, 0x00, 0x01, 0x80, 0x01, 0x01, 0x81}}));
-    const std::vector<uint8_t> out = Output();
-    ASSERT_EQ(out.size(), 1u);
-    EXPECT_EQ(out[0] & 0x07, 0x01) << "SCL high, SDA held low by the slave";
 }
 
 } // namespace

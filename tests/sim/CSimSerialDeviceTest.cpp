@@ -67,17 +67,6 @@ TEST_F(SerialDevice, CommandsAreCutFromTheByteStream) {
     EXPECT_EQ(mDevice.HostErrors().size(), 1u);
 }
 
-TEST_F(SerialDevice, EdidComesAsRawBytes) {
-    Bytes edid(256);
-    for (size_t i = 0; i < edid.size(); ++i) {
-        edid[i] = static_cast<uint8_t>(i);
-    }
-    mTarget.replies = {edid};
-    ASSERT_TRUE(Write({0xA0, 0x00}));
-    mClock->Advance(700);
-    EXPECT_EQ(ReadAll(), edid);
-}
-
 TEST_F(SerialDevice, FaultsAndMismatchedSettingsGiveNothing) {
     struct SCase {
         const char* name;
@@ -93,20 +82,13 @@ TEST_F(SerialDevice, FaultsAndMismatchedSettingsGiveNothing) {
              d.SetHostSettings({19200, 8, 0, 0});
          },
          true, 0},
-        {"purged", [](CSimSerialDevice& d) { d.Purge(); }, true, 1},
     };
     for (const SCase& c : cases) {
         CScriptedFrameTarget target;
         target.replies = {kLuminanceReply};
         CSimSerialDevice device(target);
-        const bool purgeAfter = std::string(c.name) == "purged";
-        if (!purgeAfter) {
-            c.arrange(device);
-        }
+        c.arrange(device);
         EXPECT_EQ(device.Write(kGetLuminance.data(), kGetLuminance.size()), c.writes) << c.name;
-        if (purgeAfter) {
-            c.arrange(device);
-        }
         mClock->Advance(100);
         uint8_t buffer[64];
         const int read = device.Read(buffer, sizeof buffer);

@@ -40,6 +40,29 @@ TEST(SimDescription, TwoOfAModelGetTheirOwnSerialsAndDefaultChannels) {
     EXPECT_TRUE(ParseSimDescription("").displays.empty());
 }
 
+TEST(SimDescription, ArmsTheFaultsItNames) {
+    const SSimDescription set =
+        ParseSimDescription("Alder:fault=short4*2:fault=NotReady@1*forever:fault=unplug@20");
+    ASSERT_TRUE(set.Ok()) << set.error;
+    ASSERT_EQ(set.displays[0].faults.size(), 3u);
+    EXPECT_EQ(set.displays[0].faults[1].kind, ESimFault::eNotReady);
+    EXPECT_EQ(set.displays[0].faults[1].skip, 1);
+    EXPECT_EQ(set.displays[0].faults[1].times, -1);
+    EXPECT_EQ(FormatSimDescription(set.displays),
+              "Alder@serial:serial=VRX1040000001:edid=1040"
+              ":fault=short4*2:fault=notready@1*forever:fault=unplug@20");
+
+    auto displays = MakeSimDisplays(set.displays);
+    CSimDisplay& alder = *displays[0];
+    const std::vector<uint8_t> get = {0x6E, 0x51, 0x82, 0x01, 0x10, 0xAC};
+    EXPECT_EQ(alder.Transact(get).size(), 4u);
+    EXPECT_EQ(alder.Transact(get).size(), 4u);
+    EXPECT_EQ(alder.Transact(get).size(), 11u);
+    EXPECT_FALSE(alder.PollNotReady());
+    EXPECT_TRUE(alder.PollNotReady());
+    EXPECT_TRUE(alder.PollNotReady());
+}
+
 TEST(SimDescription, BadDescriptionsSayWhatIsWrongAndGiveNoDisplays) {
     const struct {
         std::string_view text;
@@ -54,7 +77,15 @@ TEST(SimDescription, BadDescriptionsSayWhatIsWrongAndGiveNoDisplays) {
         {"Birch:serial=", "must have 1 to 13 characters"},
         {"Birch:serial=ABCDEFGHIJKLMN", "must have 1 to 13 characters"},
         {"Birch:serial=A\tB", "holds a character not allowed"},
-        {"Birch:colour=red", "unknown option \"colour=red\" (known: serial=, edid=)"},
+        {"Birch:colour=red", "unknown option \"colour=red\" (known: serial=, edid=, fault=)"},
+        {"Birch:fault=melt", "fault \"melt\" is of no known kind (known: nack,"},
+        {"Birch:fault=nack", "fault \"nack\" needs a number"},
+        {"Birch:fault=silence2", "fault \"silence2\" takes no number"},
+        {"Birch:fault=late99999999999", "has a number out of range"},
+        {"Birch:fault=null@", "needs a count behind @"},
+        {"Birch:fault=null*0", "needs a count of 1 or more, or forever, behind *"},
+        {"Birch:fault=null*-1", "behind *"},
+        {"Birch:fault=null*2x", "has \"x\" left over"},
         {"Birch:serial", "unknown option \"serial\""},
         {"Birch:edid=1060", "EDID number \"1060\" is not one of Birch's (1044, 1049)"},
         {"Birch:edid=zz", "is not one of"},

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace {
 
 CSimDisplay MakeDisplay(std::string_view model_I) {
@@ -143,7 +146,7 @@ TEST(SimScaler, GivesItsCapabilitiesInFragmentsOnEveryForm) {
         const std::string& caps = display.Scaler().CapabilityString();
         EXPECT_EQ(AsText(ReadFragments(display, {0xF3})), caps) << model.name;
         const Bytes privateForm = ReadFragments(display, {0xE2, 0xF3});
-        if (display.Scaler().Family().privateCaps) {
+        if (display.Scaler().Family().Has(eAnswersPrivateCaps)) {
             EXPECT_EQ(AsText(privateForm), caps) << model.name;
         } else {
             EXPECT_EQ(display.Transact(Request({0xE2, 0xF3, 0x00, 0x00})), kNullMessage);
@@ -263,4 +266,46 @@ TEST(SimScaler, AnswersTheTiBridgeCommands) {
     // Families without the bridge have nothing to say to it.
     CSimDisplay birch = MakeDisplay("Birch");
     EXPECT_EQ(birch.Transact(Request({0xC0, 0xEF})), kNullMessage);
+}
+
+TEST(SimScaler, EveryOfferedCodeAnswersWithAValueItOffers) {
+    for (const SSimModel& model : SimModels()) {
+        CSimDisplay display(model, "SN00000000001", DefaultSimChannels(model));
+        const std::string caps = display.Scaler().CapabilityString();
+        const size_t vcpAt = caps.find("vcp(") + 4;
+        // Walk the vcp list as a host would: a code, then its values in parentheses.
+        std::string list = caps.substr(vcpAt);
+        for (size_t at = 0; at + 1 < list.size() && list[at] != ')';) {
+            const uint8_t code =
+                static_cast<uint8_t>(std::strtol(list.substr(at, 2).c_str(), nullptr, 16));
+            at += 2;
+            std::string values;
+            if (list[at] == '(') {
+                const size_t close = list.find(')', at);
+                values = list.substr(at + 1, close - at - 1);
+                at = close + 1;
+            }
+            at += list[at] == ' ' ? 1 : 0;
+            const SVcpAnswer answer = ParseVcpReply(display.Transact(GetVcp(code)), code);
+            const SSimFeature& feature = *FindSimFeature(display.Scaler().Family(), code);
+            if (feature.access == ESimAccess::eWriteOnly) {
+                EXPECT_EQ(answer.result, 1) << model.name << " code " << int(code);
+                continue;
+            }
+            ASSERT_EQ(answer.result, 0) << model.name << " code " << int(code);
+            if (code == 0xC9 || (code == 0xF4 && model.family == ESimFamily::eCedarTwo)) {
+                continue; // the firmware level, and the zero battery mode Cedar Two reports
+            }
+            char hex[3];
+            std::snprintf(hex, sizeof(hex), "%02X", answer.value);
+            EXPECT_TRUE(values.empty() ? answer.value <= answer.maximum
+                                       : values.find(hex) != std::string::npos)
+                << model.name << " code " << int(code) << " value " << answer.value;
+        }
+        // What a preset moves is a code the firmware has.
+        for (const SSimEffect& effect : display.Scaler().Family().effects) {
+            EXPECT_NE(display.Scaler().Current(effect.targetCode), std::nullopt)
+                << model.name << " effect on " << int(effect.targetCode);
+        }
+    }
 }
