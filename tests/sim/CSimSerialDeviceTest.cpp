@@ -1,0 +1,117 @@
+#include "sim/CSimSerialDevice.h"
+
+#include "SimFakeTargets.h"
+
+#include "foundation/VirtualClock.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+const Bytes kGetLuminance = {0x6E, 0x51, 0x82, 0x01, 0x10, 0xAC};
+const Bytes kLuminanceReply = {0x6E, 0x88, 0x02, 0x00, 0x10, 0x00, 0x00, 0x64, 0x00, 0x32, 0xF2};
+
+class SerialDevice : public ::testing::Test {
+protected:
+    bool Write(const Bytes& bytes_I) { return mDevice.Write(bytes_I.data(), bytes_I.size()); }
+    Bytes ReadAll() {
+        Bytes buffer(512);
+        const int count = mDevice.Read(buffer.data(), buffer.size());
+        buffer.resize(count < 0 ? 0 : static_cast<size_t>(count));
+        return buffer;
+    }
+
+    CScopedVirtualClock mClock;
+    CScriptedFrameTarget mTarget;
+    CSimSerialDevice mDevice{mTarget};
+};
+
+TEST_F(SerialDevice, ReplyComesAtLineSpeed) {
+    mTarget.replies = {kLuminanceReply};
+    ASSERT_TRUE(Write(kGetLuminance));
+    EXPECT_THAT(mTarget.frames, ElementsAre(kGetLuminance));
+
+    // Six bytes out take 6.25 ms; ten bytes back at 1.04 ms each.
+    EXPECT_TRUE(ReadAll().empty());
+    mClock->Advance(10);
+    const Bytes first = ReadAll();
+    EXPECT_EQ(first.size(), 3u);
+    mClock->Advance(70);
+    Bytes all = first;
+    const Bytes rest = ReadAll();
+    all.insert(all.end(), rest.begin(), rest.end());
+    EXPECT_THAT(all, ElementsAreArray(kLuminanceReply));
+    EXPECT_TRUE(ReadAll().empty());
+}
+
+TEST_F(SerialDevice, CommandsAreCutFromTheByteStream) {
+    const Bytes privateEdid = {0xA0, 0x00};
+    const Bytes reset = {0xEE, 0x05, 0x11, 0x00, 0x00, 0xEA};
+    // Split anywhere, with a stray byte in front.
+    Bytes stream = {0x42};
+    for (const Bytes* command : {&kGetLuminance, &privateEdid, &reset}) {
+        stream.insert(stream.end(), command->begin(), command->end());
+    }
+    for (size_t at = 0; at < stream.size(); at += 4) {
+        const size_t size = std::min<size_t>(4, stream.size() - at);
+        ASSERT_TRUE(mDevice.Write(stream.data() + at, size));
+    }
+    EXPECT_THAT(mTarget.frames, ElementsAre(kGetLuminance, privateEdid, reset));
+    EXPECT_EQ(mDevice.HostErrors().size(), 1u);
+}
+
+TEST_F(SerialDevice, FaultsAndMismatchedSettingsGiveNothing) {
+    struct SCase {
+        const char* name;
+        void (*arrange)(CSimSerialDevice&);
+        bool writes;
+        size_t framesSeen;
+    };
+    const SCase cases[] = {
+        {"silent", [](CSimSerialDevice& d) { d.SetSilent(true); }, true, 1},
+        {"unplugged", [](CSimSerialDevice& d) { d.SetPlugged(false); }, false, 0},
+        {"19200 baud",
+         [](CSimSerialDevice& d) {
+             d.SetHostSettings({19200, 8, 0, 0});
+         },
+         true, 0},
+    };
+    for (const SCase& c : cases) {
+        CScriptedFrameTarget target;
+        target.replies = {kLuminanceReply};
+        CSimSerialDevice device(target);
+        c.arrange(device);
+        EXPECT_EQ(device.Write(kGetLuminance.data(), kGetLuminance.size()), c.writes) << c.name;
+        mClock->Advance(100);
+        uint8_t buffer[64];
+        const int read = device.Read(buffer, sizeof buffer);
+        EXPECT_EQ(read, c.writes ? 0 : -1) << c.name;
+        EXPECT_EQ(target.frames.size(), c.framesSeen) << c.name;
+    }
+}
+
+TEST_F(SerialDevice, PauseInsideACommandDropsIt) {
+    ASSERT_TRUE(mDevice.Write(kGetLuminance.data(), 4));
+    mClock->Advance(100);
+    ASSERT_TRUE(Write(kGetLuminance));
+    EXPECT_THAT(mTarget.frames, ElementsAre(kGetLuminance));
+    EXPECT_EQ(mDevice.HostErrors().size(), 1u);
+}
+
+TEST_F(SerialDevice, NewRequestReplacesAnUnreadReply) {
+    const Bytes nullMessage = {0x6E, 0x80, 0xBE};
+    mTarget.replies = {kLuminanceReply, nullMessage};
+    ASSERT_TRUE(Write(kGetLuminance));
+    mClock->Advance(5);
+    ASSERT_TRUE(Write(kGetLuminance));
+    mClock->Advance(50);
+    EXPECT_EQ(ReadAll(), nullMessage);
+}
+
+} // namespace

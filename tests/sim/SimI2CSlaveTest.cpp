@@ -1,0 +1,122 @@
+#include "SimHost.h"
+
+#include "sim/CSimDisplay.h"
+#include "sim/SimModelTable.h"
+
+#include "foundation/VirtualClock.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const Bytes kLuminanceReply = {0x6E, 0x88, 0x02, 0x00, 0x10, 0x00, 0x00, 0x64, 0x00, 0x32, 0xF2};
+
+class SimI2CSlave : public ::testing::Test {
+protected:
+    CSimDisplay mDisplay{*FindSimModel("Alder"), "SN00000000001",
+                         SimChannelBit(ESimChannel::eSerial)};
+    ISimI2CTarget& mBus = mDisplay.I2C();
+};
+
+} // namespace
+
+TEST_F(SimI2CSlave, WriteThenReadCarriesOneExchange) {
+    EXPECT_EQ(I2CRead(mBus, 3), kNullMessage) << "nothing asked, nothing to say";
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    // Read as the TI bridge does: more bytes than the frame; the bus reads 0xFF beyond it.
+    const Bytes read = I2CRead(mBus, 14);
+    EXPECT_EQ(Bytes(read.begin(), read.begin() + 11), kLuminanceReply);
+    EXPECT_EQ(Bytes(read.begin() + 11, read.end()), (Bytes{0xFF, 0xFF, 0xFF}));
+    EXPECT_EQ(I2CRead(mBus, 3), kNullMessage) << "a reply is read once";
+
+    // A repeated START between the request and the read delivers the request as well.
+    ASSERT_TRUE(mBus.Address(0x6E));
+    for (size_t i = 1; i < 6; ++i) {
+        ASSERT_TRUE(mBus.Write(GetVcp(0x10)[i]));
+    }
+    ASSERT_TRUE(mBus.Address(0x6F));
+    Bytes again;
+    for (int i = 0; i < 11; ++i) {
+        again.push_back(mBus.Read(true)); // the FTDI way: every byte acknowledged
+    }
+    mBus.Stop();
+    EXPECT_EQ(again, kLuminanceReply);
+
+    EXPECT_TRUE(I2CWriteFrame(mBus, {0xEE, 0x05, 0x11, 0x00, 0x00, 0xEA}));
+    EXPECT_EQ(mDisplay.Scaler().Counters().scalerResets, 1);
+    EXPECT_FALSE(mBus.Address(0xA0)) << "no one else on this bus";
+}
+
+TEST_F(SimI2CSlave, RefusesTheChosenByteAndLosesThatRequest) {
+    mDisplay.Faults().Arm({ESimFault::eNack, 3});
+    EXPECT_TRUE(mBus.Address(0x6E));
+    EXPECT_TRUE(mBus.Write(0x51));
+    EXPECT_TRUE(mBus.Write(0x84));
+    EXPECT_FALSE(mBus.Write(0x03));
+    mBus.Stop();
+    EXPECT_EQ(I2CRead(mBus, 3), kNullMessage);
+    EXPECT_EQ(mDisplay.Scaler().Current(0x10), 50);
+    // Once only: the retry goes through.
+    EXPECT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 7)));
+    EXPECT_EQ(mDisplay.Scaler().Current(0x10), 7);
+
+    mDisplay.Faults().Arm({ESimFault::eNack, 0, 1, 1});
+    EXPECT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10))) << "skipped once";
+    EXPECT_FALSE(mBus.Address(0x6E));
+    mBus.Stop();
+}
+
+TEST_F(SimI2CSlave, BusyScalerReadsZeroUntilItsReplyIsReady) {
+    CScopedVirtualClock clock;
+    mDisplay.Faults().Arm({ESimFault::eNotReady});
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    EXPECT_EQ(I2CRead(mBus, 2), (Bytes{0x00, 0x00}));
+    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
+
+    mDisplay.Faults().Arm({ESimFault::eLate, 40});
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    clock->Advance(39);
+    EXPECT_EQ(I2CRead(mBus, 1), Bytes{0x00});
+    clock->Advance(1);
+    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
+}
+
+TEST_F(SimI2CSlave, SilentAndVanishedScalers) {
+    mDisplay.Faults().Arm({ESimFault::eSilence});
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    EXPECT_EQ(I2CRead(mBus, 2), (Bytes{0xFF, 0xFF}));
+
+    // Gone in the middle of a session: the request that meets it dies, then no address answers.
+    mDisplay.Faults().Arm({ESimFault::eUnplug, 0, 1});
+    ASSERT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 9)));
+    EXPECT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    EXPECT_EQ(I2CRead(mBus, 1), Bytes{});
+    EXPECT_FALSE(mDisplay.IsPlugged());
+    EXPECT_FALSE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    mDisplay.Replug();
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply) << "unsaved 9 is gone after the power cut";
+}
+
+TEST_F(SimI2CSlave, VideoCableTimingRulesCatchAHastyHost) {
+    CScopedVirtualClock clock;
+    mDisplay.SetTimingRules(40, 50);
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    SleepMs(40);
+    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
+    ASSERT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 50)));
+    SleepMs(50);
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    SleepMs(40);
+    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
+    EXPECT_TRUE(mDisplay.Scaler().HostErrors().empty());
+
+    ASSERT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 50)));
+    SleepMs(49);
+    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
+    SleepMs(39);
+    EXPECT_EQ(I2CRead(mBus, 1), Bytes{0x00});
+    const std::vector<std::string> expected = {"request 49 ms after a write, wants 50",
+                                               "reply read 39 ms after its request, wants 40"};
+    EXPECT_EQ(mDisplay.Scaler().HostErrors(), expected);
+}
