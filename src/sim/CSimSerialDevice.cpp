@@ -17,6 +17,8 @@ constexpr uint8_t kScalerReset = 0xEE;
 constexpr size_t kPrivateEdidSize = 2; // A0 00
 constexpr size_t kScalerResetSize = 6; // EE 05 11 00 00 EA
 constexpr size_t kFrameOverhead = 4;   // address, source, length, check byte
+constexpr size_t kReplyOverhead = 3;   // address, length, check byte
+constexpr size_t kNullMessageSize = 3;
 
 } // namespace
 
@@ -73,6 +75,14 @@ void CSimSerialDevice::TakeCommands(int64_t lastByteNs_I) {
         std::vector<uint8_t> reply = mTarget.Transact(frame);
         if (mSilent) {
             reply.clear();
+        }
+        // This wire carries no check byte: a reply frame goes out without it, and the host
+        // counts on 32 text bytes behind a fragment's five-byte header. The null message is a
+        // fixed answer and goes out whole.
+        const bool isFrame = reply.size() > kNullMessageSize && reply[0] == kDisplayAddress &&
+                             reply.size() == (reply[1] & 0x7Fu) + kReplyOverhead;
+        if (isFrame) {
+            reply.pop_back();
         }
         // A new request ends whatever was still being sent.
         mReply = std::move(reply);

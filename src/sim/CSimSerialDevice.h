@@ -1,6 +1,7 @@
 #pragma once
 // The scaler at the far end of a USB serial port: DDC/CI frames as plain bytes at 9600 baud,
-// 8N1, and the channel's private EDID command A0 00. The scaler sends each reply byte by byte at
+// 8N1, with replies that leave their check byte off, and the channel's private EDID command
+// A0 00. The scaler sends each reply byte by byte at
 // the line's speed, so a reader that comes too early finds only part of it; time is that of the
 // time seam.
 

@@ -1,0 +1,65 @@
+#include "channels/CI2CConnectorDP.h"
+
+#include "channels/ChannelFrames.h"
+#include "foundation/HexDump.h"
+#include "foundation/Trace.h"
+
+namespace {
+
+constexpr int kCapabilitiesRetries = 0;
+constexpr double kFirmwareDelayS = 0.0001;
+constexpr unsigned kFirmwareExpectedSize = 10;
+
+} // namespace
+
+bool CI2CConnectorDP::Open(const std::string& /*port_I*/) {
+    VRX_ASSERT_NOT_REACHED("This is only used by serial connections");
+    return false;
+}
+
+bool CI2CConnectorDP::Open(long /*device_I*/) {
+    VRX_ASSERT_NOT_REACHED("This is not used by display port connections");
+    return false;
+}
+
+bool CI2CConnectorDP::Close() {
+    return Connector::Close();
+}
+
+std::string CI2CConnectorDP::CapabilitiesString() {
+    std::string caps = ReadCapabilitiesPrivate(kCapabilitiesRetries);
+    if (caps.empty()) {
+        caps = ReadCapabilitiesStandard(kCapabilitiesRetries);
+    }
+    return caps;
+}
+
+void CI2CConnectorDP::SetFactoryMode(bool on_I) {
+    ::SetFactoryMode(*this, on_I);
+}
+
+ByteVector CI2CConnectorDP::ReadEDID(uint32_t /*sid_I*/) {
+    return ReadFactoryModeEDID(*this, "CI2CConnectorDP::ReadEDID");
+}
+
+FileVersion CI2CConnectorDP::FWVersion() {
+    const bool tracing = gTraceEnabled;
+    const ByteVector request = BuildFirmwareRequest();
+    if (tracing) {
+        DumpBuffer(request, "Read FW ver name");
+    }
+    ByteVector inBuffer = SendRequest(request, kFirmwareDelayS, kFirmwareExpectedSize, 0);
+    VRX_ASSERT(!inBuffer.empty());
+    if (tracing) {
+        DumpBuffer(inBuffer, "Result");
+    }
+    if (inBuffer.empty()) {
+        return {};
+    }
+    if (Checksum(inBuffer, kReplySeed) != 0) {
+        VRX_ASSERT_NOT_REACHED("FWVersion read checksum mismatch");
+        Trace("FWVersion:Read checksum failed\n");
+    }
+    inBuffer.pop_back();
+    return FirmwareFromFeatureReply(inBuffer);
+}

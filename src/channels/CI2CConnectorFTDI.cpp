@@ -1,0 +1,410 @@
+#include "channels/CI2CConnectorFTDI.h"
+
+#include "channels/ChannelFrames.h"
+#include "ddc/VcpCodes.h"
+#include "foundation/HexDump.h"
+#include "foundation/StringUtilities.h"
+#include "foundation/TimeSeam.h"
+#include "foundation/Trace.h"
+#include "model/CEdidBuilder.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace {
+
+constexpr uint8_t kReadAddress = 0x6F;
+constexpr uint8_t kIdleBus = 0xFF;
+constexpr uint8_t kNotReady = 0x00;
+
+constexpr int kCapabilitiesRetries = 1;
+constexpr int kRetries = 1;
+constexpr double kFirmwareDelayS = 0.07;
+constexpr unsigned kFirmwareExpectedSize = 38;
+constexpr uint32_t kFirmwareRetryMs = 50;
+constexpr size_t kFirmwareReplySize = 10;
+
+constexpr double kInformationDelayS = 0.01;
+constexpr unsigned kInformationExpectedSize = 64;
+constexpr uint32_t kInformationRetryMs = 1000;
+constexpr size_t kNameAt = 17;
+constexpr size_t kSerialAt = 30;
+constexpr size_t kTextSize = 13;
+
+constexpr double kEdidDelayS = 0.05;
+constexpr unsigned kEdidExpectedSize = 37;
+constexpr size_t kEdidReserve = 1024;
+constexpr uint8_t kEdidTable = 0xC3;
+constexpr size_t kFragmentHeader = 5;
+constexpr size_t kShortestFragment = 6;
+constexpr int kKestrelChunks = 16;
+constexpr size_t kKestrelReplySize = 19;
+constexpr size_t kKestrelHeader = 2;
+
+using namespace TabletId;
+
+// Models whose scaler has no EDID to give on this channel.
+constexpr std::array<uint32_t, 5> kNoEdidTablets = {
+    kVendor | 0x0390, kVendor | 0x03AE, kVendor | 0x0391, kVendor | 0x0396, kVendor | 0x03B0};
+
+// The Kestrel24 family, whose EDID comes through an indexed read of 0xF2.
+constexpr std::array<uint32_t, 19> kKestrel24Tablets = {
+    kVendor | 0x034D, kVendor | 0x034A, kVendor | 0x0398, kVendor | 0x039A, kVendor | 0x034E,
+    kVendor | 0x03AA, kVendor | 0x034B, kVendor | 0x03AC, kVendor | 0x0399, kVendor | 0x039B,
+    kVendor | 0x034F, kVendor | 0x0353, kVendor | 0x0350, kVendor | 0x0354, kVendor | 0x037C,
+    kVendor | 0x0351, kVendor | 0x0355, kVendor | 0x0352, kVendor | 0x0356};
+
+// Models whose empty EDID answer is worth a warning.
+constexpr std::array<uint32_t, 2> kEdidWarnTablets = {kVendor | 0x0351, kVendor | 0x0355};
+
+template <size_t N>
+bool Contains(const std::array<uint32_t, N>& list_I, uint32_t sid_I) {
+    return std::find(list_I.begin(), list_I.end(), sid_I) != list_I.end();
+}
+
+bool StartsWith(const ByteVector& bytes_I, std::initializer_list<uint8_t> prefix_I) {
+    return bytes_I.size() >= prefix_I.size() &&
+           std::equal(prefix_I.begin(), prefix_I.end(), bytes_I.begin());
+}
+
+bool IsNullMessage(const ByteVector& reply_I) {
+    return reply_I.size() == 3 && StartsWith(reply_I, {0x6E, 0x80});
+}
+
+ByteVector FrameFor(std::initializer_list<uint8_t> payload_I) {
+    return BuildRequestFrame(ByteVector(payload_I));
+}
+
+} // namespace
+
+CI2CConnectorFTDI::CI2CConnectorFTDI(std::shared_ptr<IFtdiApi> api_I) : mApi(std::move(api_I)) {}
+
+CI2CConnectorFTDI::~CI2CConnectorFTDI() {
+    CloseHandle();
+}
+
+bool CI2CConnectorFTDI::Open(const std::string& /*port_I*/) {
+    VRX_ASSERT_NOT_REACHED("This is only used by serial connections");
+    return false;
+}
+
+bool CI2CConnectorFTDI::Open(long device_I) {
+    if (gTraceEnabled) {
+        Trace("%s ID = %li\n", "CI2CConnectorFTDI::Open", device_I);
+    }
+    const FtStatus status = OpenFTDIHandle(device_I);
+    if (status == Ft::kDeviceNotOpened) {
+        mCachedVersion.mBuild = 1;
+    }
+    return status == Ft::kOk;
+}
+
+bool CI2CConnectorFTDI::Close() {
+    Connector::Close();
+    CloseHandle();
+    mRawDisplayInformation.clear();
+    return true;
+}
+
+ByteVector CI2CConnectorFTDI::SendRequest(const ByteVector& toSend_I, double delay,
+                                          unsigned expectedSize_I, int retries) {
+    VRX_ASSERT(!toSend_I.empty());
+    if (gTraceEnabled) {
+        DumpBuffer(toSend_I, "CI2CConnectorFTDI::SendRequest: data");
+    }
+    if (toSend_I.empty()) {
+        return {};
+    }
+    if (SendBadCommand(false) != Ft::kOk) {
+        CloseHandle();
+        return {};
+    }
+    I2CReadAll();
+    I2CStart();
+    for (const uint8_t byte : toSend_I) {
+        if (I2CSendByte(byte, true) != Ft::kOk) {
+            I2CStop();
+            if (retries < 0) {
+                return {};
+            }
+            return SendRequest(toSend_I, delay, expectedSize_I, retries - 1);
+        }
+    }
+    if (I2CStop() != Ft::kOk) {
+        return {};
+    }
+    SleepMs(static_cast<uint32_t>(delay * 1000.0));
+
+    ByteVector inBuffer;
+    inBuffer.reserve(expectedSize_I);
+    I2CStart();
+    if (I2CSendByte(kReadAddress, true) != Ft::kOk) {
+        I2CStop();
+        return {};
+    }
+    // Hunt for the frame's first byte; the scaler may send filler in front of it.
+    for (;;) {
+        uint8_t byte = 0;
+        if (I2CReadByte(true, byte) != Ft::kOk) {
+            I2CStop();
+            return {};
+        }
+        if (byte == toSend_I[0]) {
+            inBuffer.push_back(byte);
+            if (I2CReadByte(true, byte) != Ft::kOk) {
+                I2CStop();
+                return {};
+            }
+            inBuffer.push_back(byte);
+            break;
+        }
+        if (byte == kIdleBus) {
+            I2CStop();
+            return {};
+        }
+        if (byte == kNotReady) {
+            I2CStop();
+            // Three zeros in front of the null message, exactly so.
+            return {0x00, 0x00, 0x00, 0x6E, 0x80, 0xBE};
+        }
+    }
+    VRX_ASSERT(inBuffer.size() == 2);
+    VRX_ASSERT((inBuffer[1] & 0x80) != 0x00);
+    const int bytesToRead = (inBuffer[1] & 0x7F) + 1;
+    for (int i = 0; i < bytesToRead; ++i) {
+        uint8_t byte = 0;
+        if (I2CReadByte(true, byte) != Ft::kOk) {
+            I2CStop();
+            return {};
+        }
+        inBuffer.push_back(byte);
+    }
+    if (I2CStop() != Ft::kOk) {
+        return {};
+    }
+    VRX_ASSERT((size_t)(bytesToRead + 2) == inBuffer.size());
+    return inBuffer;
+}
+
+std::string CI2CConnectorFTDI::CapabilitiesString() {
+    std::string caps;
+    if (mRawDisplayInformation.empty()) {
+        caps = ReadCapabilitiesPrivate(kCapabilitiesRetries);
+    }
+    if (caps.empty()) {
+        caps = ReadCapabilitiesStandard(kCapabilitiesRetries);
+    }
+    return caps;
+}
+
+FileVersion CI2CConnectorFTDI::FWVersion() {
+    const ByteVector request = BuildFirmwareRequest();
+    ByteVector inBuffer = SendRequest(request, kFirmwareDelayS, kFirmwareExpectedSize, kRetries);
+    if (inBuffer.empty()) {
+        SleepMs(kFirmwareRetryMs);
+        inBuffer = SendRequest(request, kFirmwareDelayS, kFirmwareExpectedSize, kRetries);
+    }
+    if (!inBuffer.empty()) {
+        if (Checksum(inBuffer, kReplySeed) != 0) {
+            VRX_ASSERT_NOT_REACHED("FWVersion read checksum mismatch");
+            Trace("FWVersion:Read checksum failed\n");
+        }
+        inBuffer.pop_back();
+    }
+    if (inBuffer.size() < kFirmwareReplySize) {
+        if (inBuffer.size() < 2) {
+            Trace("Send request failed");
+        } else if (StartsWith(inBuffer, {0x6E, 0x80})) {
+            Trace("Send request no data");
+        } else {
+            Trace("Send request unknown response");
+        }
+        return {};
+    }
+    return FirmwareFromFeatureReply(inBuffer);
+}
+
+ByteVector CI2CConnectorFTDI::ReadDisplayInformation() {
+    const bool tracing = gTraceEnabled;
+    const ByteVector request = BuildGetVCPFeature(vcpC_DisplayInfo);
+    if (tracing) {
+        DumpBuffer(request, "DisplayInformation request");
+    }
+    ByteVector inBuffer;
+    // A short reply is asked again, for as long as it comes.
+    for (;;) {
+        inBuffer = SendRequest(request, kInformationDelayS, kInformationExpectedSize, kRetries);
+        if (inBuffer.empty()) {
+            return {};
+        }
+        // The scaler refuses the code: it has no record.
+        if (inBuffer.size() == 11 && StartsWith(inBuffer, {0x6E, 0x88, 0x02, 0x01, 0xF2}) &&
+            inBuffer[5] == 0) {
+            return {};
+        }
+        if (IsNullMessage(inBuffer)) {
+            return {};
+        }
+        if (inBuffer.size() >= kShortestFragment) {
+            break;
+        }
+        VRX_ASSERT_NOT_REACHED("break");
+    }
+    if (tracing) {
+        DumpBuffer(inBuffer, "Data read from Scalar");
+    }
+    if (Checksum(inBuffer, kReplySeed) != 0) {
+        VRX_ASSERT_NOT_REACHED("ReadDisplayInformation read checksum mismatch");
+        Trace("ReadDisplayInformation:Read checksum failed\n");
+    }
+    inBuffer.pop_back();
+    if (inBuffer.size() != kDisplayInformationFrameSize) {
+        return {};
+    }
+    return inBuffer;
+}
+
+bool CI2CConnectorFTDI::FillDisplayInformation() {
+    if (mRawDisplayInformation.empty()) {
+        mRawDisplayInformation = ReadDisplayInformation();
+    }
+    return !mRawDisplayInformation.empty();
+}
+
+std::string CI2CConnectorFTDI::MonitorName() {
+    std::string name = Connector::MonitorName();
+    if (name.empty() && FillDisplayInformation()) {
+        VRX_ASSERT(mRawDisplayInformation.size() == kDisplayInformationFrameSize);
+        name.assign(mRawDisplayInformation.begin() + kNameAt,
+                    mRawDisplayInformation.begin() + kNameAt + kTextSize);
+    }
+    return name;
+}
+
+std::string CI2CConnectorFTDI::SerialNumber(uint32_t sid_I) {
+    std::string text = Connector::SerialNumber(sid_I);
+    if (text.empty()) {
+        if (!FillDisplayInformation()) {
+            Trace("CI2CConnectorFTDI::SerialNumber - ReadDisplayInformation() failed on first "
+                  "attempt; trying again...\n");
+            SleepMs(kInformationRetryMs);
+            FillDisplayInformation();
+        }
+        if (!mRawDisplayInformation.empty()) {
+            VRX_ASSERT(mRawDisplayInformation.size() == kDisplayInformationFrameSize);
+            text.assign(mRawDisplayInformation.begin() + kSerialAt,
+                        mRawDisplayInformation.begin() + kSerialAt + kTextSize);
+        } else {
+            VRX_ASSERT_NOT_REACHED("!!!!! ReadDisplayInformation FAILED 2 attempts");
+        }
+    }
+    Trace("CI2CConnectorFTDI::SerialNumber: %s\n",
+          text.empty() ? "WARNING: NO SERIAL NUMBER FOUND" : text.c_str());
+    return ToUpper(text);
+}
+
+ByteVector CI2CConnectorFTDI::ReadEDID(uint32_t sid_I) {
+    if (Contains(kNoEdidTablets, sid_I)) {
+        Trace("CI2CConnectorFTDI::ReadEDID - skipping for sid_I 0x%X\n", sid_I);
+        return {};
+    }
+    if (sid_I == kNoTabletId || Contains(kKestrel24Tablets, sid_I)) {
+        ByteVector edid = ReadEDIDKestrel24();
+        if (!edid.empty()) {
+            return edid;
+        }
+    }
+    return ReadEDIDFragments(sid_I);
+}
+
+ByteVector CI2CConnectorFTDI::ReadEDIDFragments(uint32_t sid_I) {
+    const bool tracing = gTraceEnabled;
+    ByteVector edid;
+    edid.reserve(kEdidReserve);
+    uint16_t offset = 0;
+    for (;;) {
+        const ByteVector request =
+            FrameFor({ddcCC_TableReadRequest, kEdidTable, static_cast<uint8_t>(offset >> 8),
+                      static_cast<uint8_t>(offset & 0xFF)});
+        if (tracing) {
+            DumpBuffer(request, "ReadEDID: request");
+        }
+        ByteVector inBuffer = SendRequest(request, kEdidDelayS, kEdidExpectedSize, kRetries);
+        bool ended = false;
+        if (inBuffer.empty()) {
+            ended = true;
+            if (Contains(kEdidWarnTablets, sid_I)) {
+                VRX_ASSERT_NOT_REACHED("WARNING - unexpected EDID response");
+                Trace("CI2CConnectorFTDI::ReadEDID: WARNING - unexpected EDID response for sid: "
+                      "0x%X\n",
+                      sid_I);
+            }
+        } else if (IsNullMessage(inBuffer)) {
+            ended = true;
+        } else if (inBuffer.size() < kShortestFragment) {
+            ended = true;
+            VRX_ASSERT_NOT_REACHED("WARNING - unexpected EDID response");
+        }
+        if (tracing) {
+            DumpBuffer(inBuffer, "ReadEDID: read from Scalar");
+        }
+        if (ended) {
+            Trace("ReadEDID: no data found!\n");
+            return edid;
+        }
+        if ((inBuffer[1] & 0x7F) == 3 && inBuffer[3] == (offset >> 8) &&
+            inBuffer[4] == (offset & 0xFF)) {
+            return edid;
+        }
+        if (Checksum(inBuffer, kReplySeed) != 0) {
+            VRX_ASSERT_NOT_REACHED("ReadEDID: read checksum mismatch");
+            Trace("ReadEDID:Read checksum failed\n");
+        }
+        inBuffer.pop_back();
+        edid.insert(edid.end(), inBuffer.begin() + kFragmentHeader, inBuffer.end());
+        offset = static_cast<uint16_t>(edid.size() & 0xFFFF);
+    }
+}
+
+ByteVector CI2CConnectorFTDI::ReadEDIDKestrel24() {
+    const bool tracing = gTraceEnabled;
+    ByteVector edid;
+    edid.reserve(kEdidReserve);
+    for (int index = 0; index < kKestrelChunks; ++index) {
+        const ByteVector request = FrameFor(
+            {ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0x00, static_cast<uint8_t>(index)});
+        if (tracing) {
+            DumpBuffer(request, "ReadEDIDKestrel24 request");
+        }
+        ByteVector inBuffer = SendRequest(request, kEdidDelayS, kEdidExpectedSize, kRetries);
+        if (inBuffer.empty()) {
+            VRX_ASSERT_NOT_REACHED("WARNING - empty response!");
+        }
+        if (tracing) {
+            DumpBuffer(inBuffer, "ReadEDIDKestrel24: Data read from Scalar");
+        }
+        if (inBuffer.size() != kKestrelReplySize) {
+            break;
+        }
+        if (Checksum(inBuffer, kReplySeed) != 0) {
+            VRX_ASSERT_NOT_REACHED("ReadEDID read checksum mismatch");
+            Trace("ReadEDID:Read checksum failed\n");
+        }
+        inBuffer.pop_back();
+        edid.insert(edid.end(), inBuffer.begin() + kKestrelHeader, inBuffer.end());
+    }
+    if (tracing) {
+        std::string text = "Kestrel24 EDID as read through FTDI:\n";
+        for (size_t i = 0; i < edid.size(); ++i) {
+            char hex[4];
+            std::snprintf(hex, sizeof hex, "%2.2X ", edid[i]);
+            text += hex;
+            if (i % 16 == 15) {
+                text += '\n';
+            }
+        }
+        Trace("%s", text.c_str());
+    }
+    return edid;
+}

@@ -1,0 +1,274 @@
+#include "channels/CVcpHIDConnector.h"
+
+#include "ddc/VcpCodes.h"
+#include "foundation/HexDump.h"
+#include "foundation/TimeSeam.h"
+#include "foundation/Trace.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+constexpr uint8_t kReportId = 0xE5;
+constexpr uint8_t kSubId = 0x04;
+constexpr int kKindStatus = 0x00;
+constexpr int kKindWrite = 0x02;
+constexpr int kKindRead = 0x03;
+
+// Status byte values that say the firmware is not done yet.
+constexpr size_t kStatusAt = 4;
+constexpr uint8_t kStatusBusy = 0x01;
+constexpr uint8_t kStatusPending = 0x05;
+constexpr int kPollLimit = 5;
+constexpr uint32_t kPollIntervalMs = 100;
+
+// The reply frame lies in the status report from byte 6 on.
+constexpr size_t kReplyLengthAt = 7;
+constexpr size_t kFragmentAt = 9;
+constexpr size_t kMaximumLowAt = 13;
+constexpr size_t kMinorAt = 14;
+constexpr size_t kCurrentLowAt = 15;
+constexpr size_t kNameAt = 23;
+constexpr size_t kSerialAt = 36;
+constexpr size_t kInformationText = 13;
+
+} // namespace
+
+bool CVcpHIDConnector::Open(const std::string& port_I) {
+    return OpenHIDDevice(port_I);
+}
+
+bool CVcpHIDConnector::Open(long /*device_I*/) {
+    VRX_ASSERT_NOT_REACHED("Not supported by this connector.");
+    return false;
+}
+
+bool CVcpHIDConnector::Close() {
+    mCapabilities.clear();
+    mMonitorName.clear();
+    mSerialNumber.clear();
+    mFirmwareVersion = FileVersion();
+    return Connector::Close();
+}
+
+bool CVcpHIDConnector::IsOpen() {
+    VRX_ASSERT_NOT_REACHED("must be implemented in subclasses");
+    return false;
+}
+
+bool CVcpHIDConnector::OpenHIDDevice(const std::string& /*path_I*/) {
+    VRX_ASSERT_NOT_REACHED("must be implemented in subclasses");
+    return false;
+}
+
+bool CVcpHIDConnector::CloseHIDDevice() {
+    VRX_ASSERT_NOT_REACHED("must be implemented in subclasses");
+    return false;
+}
+
+bool CVcpHIDConnector::SetFeature(ByteVector& /*buffer_IO*/) {
+    VRX_ASSERT_NOT_REACHED("must be implemented in subclasses");
+    return false;
+}
+
+bool CVcpHIDConnector::GetFeature(ByteVector& /*buffer_IO*/) {
+    VRX_ASSERT_NOT_REACHED("must be implemented in subclasses");
+    return false;
+}
+
+ByteVector CVcpHIDConnector::ReadEDID(uint32_t /*sid_I*/) {
+    VRX_ASSERT_NOT_REACHED("Not supported by this connector.");
+    return {};
+}
+
+ByteVector CVcpHIDConnector::BuildCommand(int kind_I, uint8_t a_I, uint8_t b_I, uint8_t c_I) {
+    switch (kind_I) {
+    case ddcCC_GetVCPFeatureRequest:
+        return BuildRequestFrame({ddcCC_GetVCPFeatureRequest, a_I});
+    case ddcCC_SetVCPFeatureRequest:
+        return BuildRequestFrame({ddcCC_SetVCPFeatureRequest, a_I, b_I, c_I});
+    case ddcCC_CapabilitiesRequest:
+        return BuildRequestFrame({ddcCC_CapabilitiesRequest, b_I, c_I});
+    default:
+        Trace("BuildCommand - error - command not supported: %i", kind_I);
+        return {};
+    }
+}
+
+ByteVector CVcpHIDConnector::GetStatus() {
+    ByteVector buffer = {kReportId, kSubId, kKindStatus};
+    if (!SetFeature(buffer)) {
+        Trace("GetStatus: fail SetFeature\n");
+        return buffer;
+    }
+    if (!GetFeature(buffer)) {
+        Trace("GetStatus: GetStatus: GetFeature failed\n");
+        return buffer;
+    }
+    if (gTraceEnabled) {
+        std::string text = "status bytes returned:\n";
+        for (size_t i = 0; i < buffer.size(); ++i) {
+            char hex[8];
+            std::snprintf(hex, sizeof hex, "%s %2.2X", i > 0 && i % 16 == 0 ? "\n" : "", buffer[i]);
+            text += hex;
+        }
+        Trace("%s\n", text.c_str());
+    }
+    return buffer;
+}
+
+ByteVector CVcpHIDConnector::SubmitRequest(const ByteVector& cmdbuf_I, int kind_I) {
+    if (cmdbuf_I.empty()) {
+        VRX_ASSERT_NOT_REACHED("Empty cmdbuf!");
+        return {};
+    }
+    if (kind_I != kKindWrite && kind_I != kKindRead) {
+        VRX_ASSERT_NOT_REACHED("Oops - unsupported request");
+        return {};
+    }
+    ByteVector request = {kReportId, kSubId, static_cast<uint8_t>(kind_I), 0x00, 0x00};
+    request.insert(request.end(), cmdbuf_I.begin(), cmdbuf_I.end());
+    if (!SetFeature(request)) {
+        Trace("CVcpHIDConnector::SubmitRequest - SetFeature failed");
+        return {};
+    }
+    // At most four polls, each not-ready one followed by a pause; the last report is given on
+    // ready or not.
+    ByteVector result;
+    for (int counter = 1;;) {
+        result = GetStatus();
+        VRX_ASSERT(result.size() >= 4);
+        if (result.size() > kStatusAt && result[kStatusAt] != kStatusBusy &&
+            result[kStatusAt] != kStatusPending) {
+            break;
+        }
+        SleepMs(kPollIntervalMs);
+        if (++counter == kPollLimit) {
+            break;
+        }
+    }
+    if (gTraceEnabled) {
+        DumpBuffer(result, "SubmitRequest result");
+    }
+    return result;
+}
+
+ByteVector CVcpHIDConnector::SendRequest(const ByteVector& toSend_I, double /*delay*/,
+                                         unsigned /*expectedSize_I*/, int /*retries*/) {
+    if (!IsOpen()) {
+        return {};
+    }
+    if (toSend_I.size() < 4 || toSend_I[0] != kDisplayAddress || toSend_I[1] != kHostAddress) {
+        VRX_ASSERT_NOT_REACHED("Zero-length request vector");
+        VRX_ASSERT_NOT_REACHED("Oops - unknown or unsupported VCP op");
+        return {};
+    }
+    const int operation = toSend_I[3];
+    const uint8_t code = toSend_I.size() > 4 ? toSend_I[4] : 0;
+    switch (operation) {
+    case ddcCC_GetVCPFeatureRequest: {
+        const ByteVector report = SubmitRequest(toSend_I, kKindRead);
+        // The current value's low byte is the last one used.
+        if (report.size() <= kCurrentLowAt) {
+            Trace("CVcpHIDConnector::SendRequest - GetRequest failed\n");
+            return {};
+        }
+        return BuildSimulatedResponse(operation, code, report[kCurrentLowAt],
+                                      report[kMaximumLowAt]);
+    }
+    case ddcCC_SetVCPFeatureRequest:
+    case ddcCC_SaveCurrentSettingsRequest:
+        // The status is not consulted: a report that came back at all is done.
+        if (SubmitRequest(toSend_I, kKindWrite).empty()) {
+            Trace("CVcpHIDConnector::SendRequest - SetRequest failed\n");
+            return {};
+        }
+        return BuildSimulatedResponse(operation, code, 0, 0);
+    default:
+        VRX_ASSERT_NOT_REACHED("Oops - unsupported vcpCode");
+        VRX_ASSERT_NOT_REACHED("Oops - unknown or unsupported VCP op");
+        return {};
+    }
+}
+
+std::string CVcpHIDConnector::CapabilitiesString() {
+    if (!mCapabilities.empty()) {
+        return mCapabilities;
+    }
+    std::string text;
+    uint16_t offset = 0;
+    for (;;) {
+        const ByteVector frame =
+            BuildCommand(ddcCC_CapabilitiesRequest, 0, static_cast<uint8_t>(offset >> 8),
+                         static_cast<uint8_t>(offset & 0xFF));
+        const ByteVector report = SubmitRequest(frame, kKindRead);
+        // A report too short to hold a length byte, or a length byte of 0, has no fragment:
+        // the text ends with what has come.
+        if (report.size() < kFragmentAt || (report[kReplyLengthAt] & 0x7F) == 0) {
+            break;
+        }
+        const size_t n = (report[kReplyLengthAt] & 0x7F) - 1u;
+        // Two bytes of offset echo and no text: the scaler has sent all.
+        if (n <= 2) {
+            break;
+        }
+        const size_t end = std::min(report.size(), kFragmentAt + n);
+        const auto fragment = report.begin() + kFragmentAt + 2;
+        if (fragment >= report.begin() + end) {
+            break;
+        }
+        text.append(fragment, std::find(fragment, report.begin() + end, 0));
+        offset = static_cast<uint16_t>(offset + n - 2);
+    }
+    mCapabilities = text;
+    return mCapabilities;
+}
+
+FileVersion CVcpHIDConnector::FWVersion() {
+    if (mFirmwareVersion.IsValid()) {
+        return mFirmwareVersion;
+    }
+    const ByteVector frame =
+        BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayFirmwareLevel, 0, 0);
+    const ByteVector report = SubmitRequest(frame, kKindRead);
+    VRX_ASSERT(report.size() >= 15);
+    if (report.size() <= kCurrentLowAt || report[0] == 0) {
+        Trace("FWVersion - failed\n");
+        return {};
+    }
+    mFirmwareVersion = FileVersion(report[kMaximumLowAt], report[kMinorAt], report[kCurrentLowAt],
+                                   FileVersion::EFinalVersion, 0);
+    return mFirmwareVersion;
+}
+
+std::string CVcpHIDConnector::ReadInformationText(size_t at_I, const char* failure_I) {
+    const ByteVector frame = BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0, 0);
+    const ByteVector report = SubmitRequest(frame, kKindRead);
+    if (report.empty()) {
+        Trace("%s", failure_I);
+        return {};
+    }
+    VRX_ASSERT(report.size() >= at_I + kInformationText);
+    if (report.size() < at_I + kInformationText) {
+        return {};
+    }
+    return std::string(report.begin() + static_cast<long>(at_I),
+                       report.begin() + static_cast<long>(at_I + kInformationText));
+}
+
+std::string CVcpHIDConnector::MonitorName() {
+    if (mMonitorName.empty()) {
+        mMonitorName = ReadInformationText(kNameAt, "MonitorName - failed\n");
+    }
+    Trace("CVcpHIDConnector::MonitorName: %s\n", mMonitorName.c_str());
+    return mMonitorName;
+}
+
+std::string CVcpHIDConnector::SerialNumber(uint32_t /*sid_I*/) {
+    if (mSerialNumber.empty()) {
+        mSerialNumber = ReadInformationText(kSerialAt, "SerialNumber - failed\n");
+    }
+    Trace("CVcpHIDConnector::SerialNumber: %s\n", mSerialNumber.c_str());
+    return mSerialNumber;
+}

@@ -1,0 +1,99 @@
+// The TI bridge connector against the simulated bridge library and scaler.
+
+#include "ChannelRig.h"
+
+#include "channels/CI2CConnectorTI.h"
+#include "ddc/Frames.h"
+#include "foundation/VirtualClock.h"
+#include "sim/CSimFaults.h"
+#include "sim/SimModelTable.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+const ByteVector kGetLuminance = BuildGetVCPFeature(0x10);
+
+TEST(TiConnector, ReadIsSizedByTheFrameItself) {
+    struct SCase {
+        const char* name;
+        ByteVector request;
+        unsigned expectedSize;
+        ESimFault fault;
+        size_t size;
+        size_t zerosAtEnd;
+    };
+    const SCase cases[] = {
+        {"reply cut to its length", kGetLuminance, 64, ESimFault::eLate, 11, 0},
+        {"reply longer than asked, zero-extended", kGetLuminance, 8, ESimFault::eLate, 11, 3},
+        {"null message", BuildSetVCPFeature(0x10, 40), 64, ESimFault::eLate, 3, 0},
+        {"busy scaler: no frame, all bytes as read", kGetLuminance, 64, ESimFault::eNotReady, 64,
+         64},
+    };
+    for (const SCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        CScopedVirtualClock clock;
+        CChannelRig rig("CedarSmall", ESimChannel::eTi);
+        ASSERT_TRUE(rig.Opened());
+        rig.Display().Faults().Arm({c.fault, 0, 0, 1});
+        const ByteVector reply =
+            rig.GetConnector()->SendRequest(c.request, 0.07, c.expectedSize, 0);
+        ASSERT_EQ(reply.size(), c.size);
+        EXPECT_TRUE(std::all_of(reply.end() - static_cast<long>(c.zerosAtEnd), reply.end(),
+                                [](uint8_t b) { return b == 0; }));
+        if (c.zerosAtEnd == 0) {
+            EXPECT_EQ(Checksum(reply, kReplySeed), 0);
+        }
+    }
+}
+
+TEST(TiConnector, LostCapabilityChunkDoesNotEndTheRead) {
+    CScopedVirtualClock clock;
+    CChannelRig rig("CedarSmall", ESimChannel::eTi);
+    // The check byte of chunk 2 is refused: size request, chunk 1, then chunk 2.
+    rig.Display().Faults().Arm({ESimFault::eNack, 6, 2, 1});
+    const std::string caps = rig.GetConnector()->CapabilitiesString();
+    std::string expected = rig.Scaler().CapabilityString();
+    expected.erase(30, 30);
+    EXPECT_EQ(caps,
+              Connector::ExtractCapabilitiesString(ByteVector(expected.begin(), expected.end())));
+    const std::vector<ByteVector> requests = rig.RequestsOnWire();
+    EXPECT_EQ(std::count_if(requests.begin(), requests.end(),
+                            [](const ByteVector& r) { return r.size() == 7 && r[4] == 0x6F; }),
+              8)
+        << "the size request and seven chunks";
+}
+
+TEST(TiConnector, EdidComesInFactoryMode) {
+    CScopedVirtualClock clock;
+    CChannelRig rig("CedarLarge", ESimChannel::eTi);
+    const ByteVector edid = rig.GetConnector()->ReadEDID(kNoTabletId);
+    const ByteVector& expected = rig.Display().Edid();
+    ASSERT_EQ(edid.size(), 256u);
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), edid.begin()));
+    EXPECT_FALSE(rig.Scaler().FactoryMode());
+    EXPECT_EQ(rig.GetConnector()->SerialNumber(kNoTabletId), rig.Display().SerialNumber());
+}
+
+TEST(TiConnector, OpenAndCloseFollowTheBridge) {
+    CScopedVirtualClock clock;
+    CSimDisplay display(*FindSimModel("CedarSmall"), "SN00000000001", 0);
+    CSimTiBridge bridge;
+    bridge.AddDevice(display.I2C());
+    CI2CConnectorTI connector(std::make_shared<CSimTiApi>(bridge));
+    EXPECT_FALSE(connector.Open(1L));
+    EXPECT_FALSE(connector.Open(std::string("COM1")));
+    EXPECT_FALSE(connector.IsOpen());
+    ASSERT_TRUE(connector.Open(0L));
+    EXPECT_TRUE(bridge.HasOpenDevice());
+    EXPECT_TRUE(connector.Close());
+    EXPECT_FALSE(connector.IsOpen());
+    EXPECT_FALSE(bridge.HasOpenDevice());
+    EXPECT_TRUE(connector.Close());
+    EXPECT_TRUE(connector.SendRequest(kGetLuminance, 0.07, 38, 0).empty());
+}
+
+} // namespace
