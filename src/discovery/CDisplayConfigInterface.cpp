@@ -122,11 +122,13 @@ bool CDisplayConfigInterface::ConnectOverVideo(SDisplayInfo& info_IO, bool verbo
     if (verbose_I) {
         Trace("CWinDisplayConfigInterface::Init: - trying to create a DP supported tablet...\n");
     }
-    auto connector = std::make_shared<CMonitorConnectorDP>(mPlatform);
-    // A refusal shows in the session that follows.
-    connector->OpenDisplayInfo(info_IO);
-    info_IO.display =
-        CreateDisplay(info_IO.edidNumber, info_IO.monitorName, info_IO.modelNumber, connector);
+    std::shared_ptr<CMonitorConnectorDP> connector = mPlatform->MakeVideoConnector();
+    if (connector != nullptr) {
+        // A refusal shows in the session that follows.
+        connector->OpenDisplayInfo(info_IO);
+        info_IO.display =
+            CreateDisplay(info_IO.edidNumber, info_IO.monitorName, info_IO.modelNumber, connector);
+    }
     if (info_IO.display != nullptr) {
         return true;
     }
@@ -134,7 +136,7 @@ bool CDisplayConfigInterface::ConnectOverVideo(SDisplayInfo& info_IO, bool verbo
         Trace("CWinDisplayConfigInterface::Init: - Failed to init with CWinI2CConnectorDP; "
               "reverting to legacy connect...\n");
     }
-    errorText_IO = connector->LastCapsError();
+    errorText_IO = connector != nullptr ? connector->LastCapsError() : std::string();
     return false;
 }
 

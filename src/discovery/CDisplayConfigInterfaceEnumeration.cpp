@@ -1,10 +1,6 @@
 // The lists that matching pairs up: the family's monitors, and the channels that may reach a
 // scaler, opened.
 
-#include "channels/CI2CConnectorFTDI.h"
-#include "channels/CI2CConnectorTI.h"
-#include "channels/CUSBConnector.h"
-#include "channels/CVcpHIDDeviceConnector.h"
 #include "discovery/CDisplayConfigInterface.h"
 #include "discovery/EdidDescriptor.h"
 #include "foundation/ScopeTimer.h"
@@ -127,12 +123,11 @@ void CDisplayConfigInterface::GetSerialNumAndName(const SMonitorSource& monitor_
 int CDisplayConfigInterface::FindVcpHIDDevices() {
     int found = 0;
     for (const std::string& path : mPlatform->ListHidChannels()) {
-        std::unique_ptr<IHidDevice> device = mPlatform->MakeHidDevice();
-        if (device == nullptr) {
+        std::shared_ptr<Connector> connector = mPlatform->MakeHidConnector();
+        if (connector == nullptr) {
             continue;
         }
         ++found;
-        auto connector = std::make_shared<CVcpHIDDeviceConnector>(std::move(device));
         // Kept even when it does not open: its empty serial number never matches.
         connector->Open(path);
         mConnectorList.push_back(connector);
@@ -169,14 +164,16 @@ void CDisplayConfigInterface::FindSerialPorts() {
     if (verbose) {
         Trace("CWinDisplayConfigInterface::FindSerialPorts - looking for I2C-FTDI devices...\n");
     }
-    const std::shared_ptr<IFtdiApi> ftdi = mPlatform->FtdiApi();
-    const uint32_t ftdiCount = ftdi != nullptr ? CI2CConnectorFTDI::NumberOfDevices(*ftdi) : 0;
+    const uint32_t ftdiCount = mPlatform->FtdiDeviceCount();
     if (verbose) {
         Trace("CWinDisplayConfigInterface::FindSerialPorts: %i FTDI devices found...\n",
               static_cast<int>(ftdiCount));
     }
     for (uint32_t index = 0; index < ftdiCount; ++index) {
-        auto connector = std::make_shared<CI2CConnectorFTDI>(ftdi);
+        std::shared_ptr<Connector> connector = mPlatform->MakeFtdiConnector();
+        if (connector == nullptr) {
+            continue;
+        }
         connector->IsUsable();
         if (connector->Open(static_cast<long>(index))) {
             if (verbose) {
@@ -195,13 +192,15 @@ void CDisplayConfigInterface::FindSerialPorts() {
     if (verbose) {
         Trace("CWinDisplayConfigInterface::FindSerialPorts - looking for  I2C-TI devices...\n");
     }
-    const std::shared_ptr<ITIBridgeApi> ti = mPlatform->TiApi();
-    const int tiCount = ti != nullptr ? CI2CConnectorTI::NumberOfDevices(*ti) : 0;
+    const int tiCount = mPlatform->TiDeviceCount();
     if (verbose) {
         Trace("CWinDisplayConfigInterface::FindSerialPorts: %i TI devices found...\n", tiCount);
     }
     for (int index = 0; index < tiCount; ++index) {
-        auto connector = std::make_shared<CI2CConnectorTI>(ti);
+        std::shared_ptr<Connector> connector = mPlatform->MakeTiConnector();
+        if (connector == nullptr) {
+            continue;
+        }
         connector->IsUsable();
         if (connector->Open(static_cast<long>(index))) {
             if (verbose) {
@@ -224,14 +223,13 @@ void CDisplayConfigInterface::FindSerialPorts() {
 
 void CDisplayConfigInterface::GetPortNum(const std::string& portName_I) {
     CScopeTimer timer("CWinDisplayConfigInterface::GetPortNum");
-    std::unique_ptr<ISerialPort> port = mPlatform->MakeSerialPort();
-    if (port == nullptr) {
-        return;
-    }
     if (gTraceEnabled) {
         Trace("CWinDisplayConfigInterface::GetPortNum: adding comport: %s\n", portName_I.c_str());
     }
-    auto connector = std::make_shared<CUSBConnector>(std::move(port));
+    std::shared_ptr<Connector> connector = mPlatform->MakeSerialConnector();
+    if (connector == nullptr) {
+        return;
+    }
     connector->IsUsable();
     if (connector->Open(portName_I)) {
         if (gTraceEnabled) {

@@ -1,21 +1,20 @@
 #include "discovery/CMonitorConnectorDP.h"
 
-#include "discovery/IDisplayPlatform.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
 
-CMonitorConnectorDP::CMonitorConnectorDP(std::shared_ptr<IDisplayPlatform> platform_I)
-    : mPlatform(std::move(platform_I)) {}
+CMonitorConnectorDP::CMonitorConnectorDP(MonitorBusOpener openBus_I)
+    : mOpenBus(std::move(openBus_I)) {}
 
 bool CMonitorConnectorDP::OpenDisplayInfo(const SDisplayInfo& info_I) {
-    if (!info_I.IsComplete() || mPlatform == nullptr) {
+    if (!info_I.IsComplete()) {
         VRX_ASSERT_NOT_REACHED("Oops - displayInfo couldn't be initialized!");
         return false;
     }
     mDisplayInfo = info_I;
     // The display object will own this connector; a reference back would keep both alive.
     mDisplayInfo.display.reset();
-    std::unique_ptr<II2CBus> bus = mPlatform->OpenMonitorBus(mDisplayInfo);
+    std::unique_ptr<II2CBus> bus = mOpenBus ? mOpenBus(mDisplayInfo) : nullptr;
     if (bus == nullptr) {
         VRX_ASSERT_NOT_REACHED("Oops - no physical handles found!");
         Close();
