@@ -32,8 +32,10 @@ public:
 
     const std::string& LastCapsError() const { return mLastCapsError; }
 
+protected:
+    std::string mLastCapsError;
+
 private:
     MonitorBusOpener mOpenBus;
     SDisplayInfo mDisplayInfo;
-    std::string mLastCapsError;
 };
