@@ -73,7 +73,7 @@ CFakeVideoConnector::CFakeVideoConnector(const std::set<std::wstring>& working_I
 
 bool CFakeVideoConnector::OpenDisplayInfo(const SDisplayInfo& info_I) {
     mOpened = true;
-    mWorks = mWorking.count(info_I.serialNumber) != 0;
+    mWorks = info_I.IsComplete() && mWorking.count(info_I.serialNumber) != 0;
     return true;
 }
 
