@@ -8,6 +8,8 @@ namespace {
 
 // Ten bits a byte (start, eight data, stop) at 9600 baud.
 constexpr int64_t kByteNs = 10LL * 1000000000LL / 9600;
+// A pause this long inside a command makes the scaler drop what it has of it.
+constexpr int64_t kCommandGapNs = 20LL * 1000000;
 
 constexpr uint8_t kDisplayAddress = 0x6E;
 constexpr uint8_t kPrivateEdid = 0xA0;
@@ -31,8 +33,14 @@ bool CSimSerialDevice::Write(const uint8_t* data_I, size_t size_I) {
         return true;
     }
     const int64_t startNs = MonotonicNs();
+    if (!mReceived.empty() && startNs - mLastByteNs > kCommandGapNs) {
+        mHostErrors.push_back("incomplete command of " + std::to_string(mReceived.size()) +
+                              " bytes dropped");
+        mReceived.clear();
+    }
+    mLastByteNs = startNs + static_cast<int64_t>(size_I) * kByteNs;
     mReceived.insert(mReceived.end(), data_I, data_I + size_I);
-    TakeCommands(startNs + static_cast<int64_t>(size_I) * kByteNs);
+    TakeCommands(mLastByteNs);
     return true;
 }
 
@@ -101,7 +109,6 @@ int CSimSerialDevice::Read(uint8_t* buffer_O, size_t max_I) {
 }
 
 void CSimSerialDevice::Purge() {
-    mReceived.clear();
     mReply.clear();
     mReplyRead = 0;
 }

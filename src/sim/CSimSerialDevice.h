@@ -35,7 +35,8 @@ public:
     int Read(uint8_t* buffer_O, size_t max_I);
     // Bytes that have arrived and not been read.
     size_t Available() const;
-    // Drops what is on its way in either direction, as a purge of the port does.
+    // Drops the bytes on their way to the host, as a purge of the port does; a command the
+    // scaler has only in part is dropped by the scaler itself after a pause.
     void Purge();
 
     // Fault hooks: an unplugged port fails every call; a silent scaler hears the host and never
@@ -64,6 +65,7 @@ private:
     std::vector<uint8_t> mReply;
     size_t mReplyRead = 0;
     int64_t mReplyStartNs = 0;
+    int64_t mLastByteNs = 0;
     unsigned mFramesHandled = 0;
     std::vector<std::string> mHostErrors;
     std::function<bool()> mPresenceProbe;

@@ -8,8 +8,11 @@
 namespace {
 
 ByteVector Fragment(uint16_t offset_I, const std::string& text_I) {
-    ByteVector payload = {0xE3, static_cast<uint8_t>(offset_I >> 8),
-                          static_cast<uint8_t>(offset_I & 0xFF)};
+    ByteVector payload;
+    payload.reserve(3 + text_I.size());
+    payload.push_back(0xE3);
+    payload.push_back(static_cast<uint8_t>(offset_I >> 8));
+    payload.push_back(static_cast<uint8_t>(offset_I & 0xFF));
     payload.insert(payload.end(), text_I.begin(), text_I.end());
     return BuildReplyFrame(payload);
 }

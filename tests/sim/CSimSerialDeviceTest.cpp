@@ -97,6 +97,14 @@ TEST_F(SerialDevice, FaultsAndMismatchedSettingsGiveNothing) {
     }
 }
 
+TEST_F(SerialDevice, PauseInsideACommandDropsIt) {
+    ASSERT_TRUE(mDevice.Write(kGetLuminance.data(), 4));
+    mClock->Advance(100);
+    ASSERT_TRUE(Write(kGetLuminance));
+    EXPECT_THAT(mTarget.frames, ElementsAre(kGetLuminance));
+    EXPECT_EQ(mDevice.HostErrors().size(), 1u);
+}
+
 TEST_F(SerialDevice, NewRequestReplacesAnUnreadReply) {
     const Bytes nullMessage = {0x6E, 0x80, 0xBE};
     mTarget.replies = {kLuminanceReply, nullMessage};
