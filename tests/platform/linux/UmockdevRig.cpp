@@ -158,6 +158,7 @@ std::string CUmockdevRig::AddI2CAdapter(int bus_I) {
                                               "DDC adapter", nullptr, nullptr);
     std::string syspath = path;
     g_free(path);
+    mAdapters[bus_I] = syspath;
     return syspath;
 }
 
@@ -179,6 +180,7 @@ std::string CUmockdevRig::AddConnector(const std::string& name_I,
         const std::string name = "i2c-" + std::to_string(busChild_I);
         gchar* child = umockdev_testbed_add_device(mTestbed, "i2c", name.c_str(), syspath.c_str(),
                                                    nullptr, nullptr);
+        mAdapters[busChild_I] = child;
         g_free(child);
     }
     return syspath;
@@ -186,6 +188,12 @@ std::string CUmockdevRig::AddConnector(const std::string& name_I,
 
 void CUmockdevRig::Attach(const std::string& node_I, SNode& node_IO) {
     node_IO.rig = this;
+    // The testbed makes no node for a class device without content; the preload needs one to
+    // open before it hands the calls to the handler.
+    gchar* root = umockdev_testbed_get_root_dir(mTestbed);
+    const std::string file = std::string(root) + node_I;
+    g_free(root);
+    g_file_set_contents(file.c_str(), "", 0, nullptr);
     UMockdevIoctlBase* handler = umockdev_ioctl_base_new();
     g_signal_connect(handler, "handle-ioctl", G_CALLBACK(HandleIoctl), &node_IO);
     g_signal_connect(handler, "handle-read", G_CALLBACK(HandleRead), &node_IO);
@@ -201,9 +209,18 @@ void CUmockdevRig::Attach(const std::string& node_I, SNode& node_IO) {
 }
 
 void CUmockdevRig::AttachI2C(int bus_I, ISimI2CTarget& target_I) {
-    SNode& node = mNodes.emplace_back();
-    node.i2c = &target_I;
-    Attach("/dev/i2c-" + std::to_string(bus_I), node);
+    // The i2c-dev class device of the adapter carries the node.
+    const std::string name = "i2c-" + std::to_string(bus_I);
+    const std::string node = "/dev/" + name;
+    const auto adapter = mAdapters.find(bus_I);
+    gchar* dev = umockdev_testbed_add_device(
+        mTestbed, "i2c-dev", name.c_str(),
+        adapter == mAdapters.end() ? nullptr : adapter->second.c_str(), "dev",
+        ("89:" + std::to_string(bus_I)).c_str(), nullptr, "DEVNAME", node.c_str(), nullptr);
+    g_free(dev);
+    SNode& emulated = mNodes.emplace_back();
+    emulated.i2c = &target_I;
+    Attach(node, emulated);
 }
 
 int CUmockdevRig::AddUsbSerial(const std::string& tty_I, uint16_t vendorId_I,

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <list>
+#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -57,6 +58,7 @@ private:
     void Attach(const std::string& node_I, SNode& node_IO);
 
     _UMockdevTestbed* mTestbed;
+    std::map<int, std::string> mAdapters;
     std::list<SNode> mNodes;
     std::vector<_UMockdevIoctlBase*> mHandlers;
     mutable std::mutex mLock;
