@@ -95,6 +95,14 @@ gboolean HandleIoctl(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer
     return TRUE;
 }
 
+// Termios calls on a pty-backed tty run on the real pty.
+gboolean PassIoctl(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer) {
+    int error = 0;
+    const int result = umockdev_ioctl_client_execute(client_I, &error, nullptr);
+    umockdev_ioctl_client_complete(client_I, result, error);
+    return TRUE;
+}
+
 gboolean HandleWrite(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer data_I) {
     auto& node = *static_cast<SNode*>(data_I);
     UMockdevIoctlData* arg = umockdev_ioctl_client_get_arg(client_I);
@@ -229,11 +237,22 @@ int CUmockdevRig::AddUsbSerial(const std::string& tty_I, uint16_t vendorId_I,
     gchar* usb = umockdev_testbed_add_device(
         mTestbed, "usb", usbName.c_str(), nullptr, "idVendor", Hex4(vendorId_I).c_str(),
         "idProduct", Hex4(productId_I).c_str(), nullptr, "DEVTYPE", "usb_device", nullptr);
+    // A node line without content makes the testbed back the tty with a pty.
     const std::string node = "/dev/" + tty_I;
-    gchar* tty = umockdev_testbed_add_device(mTestbed, "tty", tty_I.c_str(), usb, nullptr,
-                                             "DEVNAME", node.c_str(), nullptr);
-    g_free(tty);
+    const std::string record = std::string("P: ") + (usb + 4) + "/" + tty_I + "\nN: " + tty_I +
+                               "\nE: DEVNAME=" + node +
+                               "\nE: SUBSYSTEM=tty\nA: dev=188:" + std::to_string(mUsbCount) + "\n";
     g_free(usb);
+    GError* error = nullptr;
+    if (!umockdev_testbed_add_from_string(mTestbed, record.c_str(), &error)) {
+        const std::string text = error != nullptr ? error->message : record;
+        g_clear_error(&error);
+        throw std::runtime_error("umockdev can't add " + text);
+    }
+    UMockdevIoctlBase* handler = umockdev_ioctl_base_new();
+    g_signal_connect(handler, "handle-ioctl", G_CALLBACK(PassIoctl), nullptr);
+    umockdev_testbed_attach_ioctl(mTestbed, node.c_str(), handler, nullptr);
+    mHandlers.push_back(handler);
     return umockdev_testbed_get_dev_fd(mTestbed, node.c_str());
 }
 
