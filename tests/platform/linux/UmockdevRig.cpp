@@ -274,8 +274,10 @@ void CUmockdevRig::AddHidraw(const std::string& hidraw_I, uint16_t vendorId_I, u
                                           const_cast<guint8*>(descriptor.data()),
                                           static_cast<gssize>(descriptor.size()));
     const std::string node = "/dev/" + hidraw_I;
-    gchar* raw = umockdev_testbed_add_device(mTestbed, "hidraw", hidraw_I.c_str(), hid, nullptr,
-                                             "DEVNAME", node.c_str(), nullptr);
+    const std::string dev = "247:" + std::to_string(mUsbCount);
+    gchar* raw =
+        umockdev_testbed_add_device(mTestbed, "hidraw", hidraw_I.c_str(), hid, "dev", dev.c_str(),
+                                    nullptr, "DEVNAME", node.c_str(), nullptr);
     umockdev_testbed_set_attribute_link(mTestbed, raw, "device", "..");
     g_free(raw);
     g_free(hid);
