@@ -4,6 +4,7 @@
 #include "channels/CTIExAPI32.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
+#include "platform/linux/CLibFtdi1Api.h"
 #include "platform/linux/CLinuxHidDevice.h"
 #include "platform/linux/CLinuxI2CBus.h"
 #include "platform/linux/CLinuxSerialPort.h"
@@ -133,7 +134,8 @@ std::shared_ptr<IFtdiApi> CLinuxPlatform::FtdiApi() {
     if (vendor->Load()) {
         return vendor;
     }
-    return nullptr;
+    auto open = std::make_shared<CLibFtdi1Api>(mFiles.ftdiOpenLibrary);
+    return open->Load() ? open : nullptr;
 }
 
 std::shared_ptr<ITIBridgeApi> CLinuxPlatform::TiApi() {
