@@ -1,0 +1,113 @@
+#include "UmockdevRig.h"
+
+#include "channels/CI2CBusConnectorDP.h"
+#include "ddc/Frames.h"
+#include "foundation/VirtualClock.h"
+#include "platform/linux/CLinuxI2CBus.h"
+#include "platform/linux/CLinuxPlatform.h"
+#include "sim/CSimDisplay.h"
+#include "sim/SimModelTable.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+using ::testing::Each;
+using ::testing::Eq;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+namespace {
+
+constexpr uint8_t kBrightness = 0x10;
+
+class LinuxVideoChannelTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!CUmockdevRig::InMockEnvironment()) {
+            GTEST_SKIP() << "needs umockdev-wrapper";
+        }
+        // The display holds the host to DDC/CI's gaps.
+        mDisplay.SetTimingRules(CI2CBusConnectorDP::kReplyGapMs, CI2CBusConnectorDP::kWriteGapMs);
+        mRig.AddConnector("card0-DP-1", mDisplay.Edid(), "connected", 5);
+        mRig.AttachI2C(5, mDisplay.I2C());
+        mInfo.deviceID = L"MONITOR\\VRX1044\\CARD0-DP-1";
+    }
+
+    // The video channel over the bus the platform opens for the record.
+    bool OpenConnector() {
+        if (!mPlatform.RefreshMonitor(mInfo)) {
+            return false;
+        }
+        std::unique_ptr<II2CBus> bus = mPlatform.OpenMonitorBus(mInfo);
+        return bus != nullptr && mConnector.OpenBus(std::move(bus));
+    }
+
+    CScopedVirtualClock mClock;
+    CSimDisplay mDisplay{*FindSimModel("Birch"), "BRC0000000042",
+                         SimChannelBit(ESimChannel::eVideo)};
+    CUmockdevRig mRig;
+    CLinuxPlatform mPlatform;
+    SDisplayInfo mInfo;
+    CI2CBusConnectorDP mConnector;
+};
+
+TEST_F(LinuxVideoChannelTest, CarriesDdcCiToTheDisplayWithItsTiming) {
+    ASSERT_TRUE(OpenConnector());
+    EXPECT_EQ(mInfo.monitorHandle, "/dev/i2c-5");
+
+    EXPECT_EQ(mConnector.CapabilitiesString(), mDisplay.Scaler().CapabilityString());
+    const auto& firmware = mDisplay.Model().firmware;
+    const FileVersion version = mConnector.FWVersion();
+    EXPECT_EQ(version.mMajor, firmware[0]);
+    EXPECT_EQ(version.mMinor, firmware[1]);
+
+    const ByteVector written =
+        mConnector.SendRequest(BuildSetVCPFeature(kBrightness, 37), 0.05, 3, 0);
+    EXPECT_FALSE(written.empty());
+    const ByteVector reply = mConnector.SendRequest(BuildGetVCPFeature(kBrightness), 0.04, 11, 0);
+    ASSERT_EQ(reply.size(), 11u);
+    EXPECT_EQ(Checksum(reply, 0x50), 0);
+    EXPECT_EQ(reply[8] << 8 | reply[9], 37);
+
+    // Every transaction addressed the scaler's slave, and no gap was cut short.
+    EXPECT_THAT(mRig.SlaveSelections(), Each(Eq(0x37ul)));
+    EXPECT_THAT(mDisplay.Scaler().HostErrors(), IsEmpty());
+}
+
+TEST_F(LinuxVideoChannelTest, RefusedTransactionsAndMissingBusesComeBackAsValues) {
+    ASSERT_TRUE(OpenConnector());
+    mDisplay.Faults().Arm({ESimFault::eNack, 2});
+    EXPECT_THAT(mConnector.SendRequest(BuildGetVCPFeature(kBrightness), 0.04, 11, 0), IsEmpty());
+    // The bus goes on after a NACK.
+    EXPECT_EQ(mConnector.SendRequest(BuildGetVCPFeature(kBrightness), 0.04, 11, 0).size(), 11u);
+
+    // A record whose bus node is missing: no bus, and a text that names the node and the cure.
+    SDisplayInfo gone = mInfo;
+    gone.monitorHandle = "/dev/i2c-8";
+    EXPECT_EQ(mPlatform.OpenMonitorBus(gone), nullptr);
+    EXPECT_THAT(mPlatform.LastBusError(), HasSubstr("/dev/i2c-8"));
+    EXPECT_THAT(mPlatform.LastBusError(), HasSubstr("modprobe i2c-dev"));
+    EXPECT_NE(mPlatform.OpenMonitorBus(mInfo), nullptr);
+    EXPECT_THAT(mPlatform.LastBusError(), IsEmpty());
+}
+
+TEST(LinuxI2CBusText, TellsTheUserHowToGetAccess) {
+    const struct {
+        int error;
+        const char* hint;
+    } cases[] = {
+        {EACCES, "70-paneltune.rules"},
+        {EPERM, "log in again"},
+        {ENOENT, "modprobe i2c-dev"},
+        {EBUSY, "Another program"},
+    };
+    for (const auto& row : cases) {
+        const std::string text = CLinuxI2CBus::DescribeOpenFailure("/dev/i2c-5", row.error);
+        EXPECT_THAT(text, HasSubstr("/dev/i2c-5 could not be opened")) << row.error;
+        EXPECT_THAT(text, HasSubstr(row.hint)) << row.error;
+    }
+}
+
+} // namespace
