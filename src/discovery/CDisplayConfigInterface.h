@@ -9,6 +9,7 @@
 #include "discovery/IDisplayPlatform.h"
 #include "discovery/SDisplayConfigOptions.h"
 #include "discovery/SDisplayInfo.h"
+#include "discovery/SMonitorSource.h"
 
 #include <cstdint>
 #include <memory>
@@ -58,6 +59,27 @@ public:
     const std::string& LastError() const { return mLastError; }
 
 private:
+    // The stages of enumeration: monitors, HID channels, and the serial and bridge channels.
+    void FindDisplays();
+    void GetNextMonitorID(const std::vector<SMonitorSource>& monitors_I);
+    void GetSerialNumAndName(const SMonitorSource& monitor_I, const std::wstring& modelNumber_I);
+    int FindVcpHIDDevices();
+    void FindSerialPorts();
+    void GetPortNum(const std::string& portName_I);
+    // The group name of the model's resources, or empty for a tablet of none.
+    std::wstring ModelGroupString(const char* group_I, uint32_t tabletId_I) const;
+
+    // The channels of one record, in the order the walk tries them; each reports whether it
+    // picked a channel for the record.
+    bool ConnectOverHid(SDisplayInfo& info_IO, bool verbose_I);
+    bool ConnectOverVideo(SDisplayInfo& info_IO, bool verbose_I, std::string& errorText_IO);
+    void ConnectOverLegacy(SDisplayInfo& info_IO, bool verbose_I, bool& legacyScanDone_IO);
+    // Whether the connector may stand for the record without a serial number.
+    bool MatchesWithoutSerial(const SDisplayInfo& info_I, Connector& connector_I) const;
+    static std::string ExitOnErrorText(const SDisplayInfo& info_I, const std::string& errorText_I);
+    // The OSD language of the models that take it from the program.
+    void SetLanguage(UiDisplayDelegate& display_I) const;
+
     LanguageProvider mLanguage;
     bool mSkipSerialMatch;
     bool mExitOnError;

@@ -6,14 +6,16 @@
 #include "channels/CI2CBusConnectorDP.h"
 #include "discovery/SDisplayInfo.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
-class IDisplayPlatform;
+// Opens the DDC bus of a record's monitor (its monitorHandle); null when it can't.
+using MonitorBusOpener = std::function<std::unique_ptr<II2CBus>(const SDisplayInfo&)>;
 
 class CMonitorConnectorDP : public CI2CBusConnectorDP {
 public:
-    explicit CMonitorConnectorDP(std::shared_ptr<IDisplayPlatform> platform_I);
+    explicit CMonitorConnectorDP(MonitorBusOpener openBus_I);
 
     // Takes a copy of a complete record and opens its monitor's bus; false for an incomplete
     // record or a bus that can't be opened.
@@ -30,8 +32,10 @@ public:
 
     const std::string& LastCapsError() const { return mLastCapsError; }
 
-private:
-    std::shared_ptr<IDisplayPlatform> mPlatform;
-    SDisplayInfo mDisplayInfo;
+protected:
     std::string mLastCapsError;
+
+private:
+    MonitorBusOpener mOpenBus;
+    SDisplayInfo mDisplayInfo;
 };

@@ -31,6 +31,87 @@ int RequestRounds(const CChannelRig& rig_I, const ByteVector& frame_I) {
     }));
 }
 
+// A USB link to the chip that can lose the host's writes, and answers reads from a script
+// while one is set.
+class CUnreliableFtdiApi final : public CSimFtdiApi {
+public:
+    using CSimFtdiApi::CSimFtdiApi;
+    FtStatus FT_Write(FtHandle handle_I, const void* data_I, uint32_t count_I,
+                      uint32_t* written_O) override {
+        if (loseWrites) {
+            *written_O = count_I;
+            return Ft::kOk;
+        }
+        return CSimFtdiApi::FT_Write(handle_I, data_I, count_I, written_O);
+    }
+    FtStatus FT_Read(FtHandle handle_I, void* buffer_O, uint32_t count_I,
+                     uint32_t* read_O) override {
+        if (script.empty()) {
+            return CSimFtdiApi::FT_Read(handle_I, buffer_O, count_I, read_O);
+        }
+        *read_O = std::min<uint32_t>(count_I, static_cast<uint32_t>(script.size()));
+        std::copy_n(script.begin(), *read_O, static_cast<uint8_t*>(buffer_O));
+        script.clear();
+        return Ft::kOk;
+    }
+    bool loseWrites = false;
+    ByteVector script;
+};
+
+class CFtdiProbe final : public CI2CConnectorFTDI {
+public:
+    using CI2CConnectorFTDI::CI2CConnectorFTDI;
+    using CI2CConnectorFTDI::SendBadCommand;
+};
+
+struct SFtdiBench {
+    SFtdiBench()
+        : display(*FindSimModel("Birch"), "SN00000000001", SimChannelBit(ESimChannel::eFtdi)),
+          chip(display.I2C(), {"FT1", "bridge", 0x11}) {
+        library.AddChip(chip);
+        api = std::make_shared<CUnreliableFtdiApi>(library);
+        connector = std::make_unique<CFtdiProbe>(api);
+    }
+    CSimDisplay display;
+    CSimFtdiChip chip;
+    CSimFtdiLibrary library;
+    std::shared_ptr<CUnreliableFtdiApi> api;
+    std::unique_ptr<CFtdiProbe> connector;
+};
+
+TEST(FtdiConnector, BadCommandCheckIsLenient) {
+    struct SCase {
+        ByteVector answer;
+        FtStatus status;
+    };
+    const SCase cases[] = {
+        {{0xFA, 0xAA}, Ft::kOk},
+        {{0x00, 0xAA}, Ft::kOk},
+        {{0xFA, 0x00}, Ft::kOk},
+        {{0x00, 0x00}, Ft::kIoError},
+    };
+    CScopedVirtualClock clock;
+    SFtdiBench bench;
+    ASSERT_TRUE(bench.connector->Open(0L));
+    for (const SCase& c : cases) {
+        bench.api->script = c.answer;
+        EXPECT_EQ(bench.connector->SendBadCommand(true), c.status)
+            << testing::PrintToString(c.answer);
+    }
+}
+
+TEST(FtdiConnector, LostWritesCostOneReadTimeoutAndTheHandle) {
+    CScopedVirtualClock clock;
+    SFtdiBench bench;
+    ASSERT_TRUE(bench.connector->Open(0L));
+    clock->ClearSleeps();
+    bench.api->loseWrites = true;
+    EXPECT_TRUE(bench.connector->SendRequest(kGetLuminance, 0.07, 38, 1).empty());
+    EXPECT_THAT(clock->Sleeps(), ElementsAre(5000u));
+    EXPECT_FALSE(bench.connector->IsOpen());
+    EXPECT_FALSE(bench.chip.IsOpen());
+}
+
 TEST(FtdiConnector, OpenSetsTheMpsseUpForI2CAt100kHz) {
     CScopedVirtualClock clock;
     CChannelRig rig("Birch", ESimChannel::eFtdi);

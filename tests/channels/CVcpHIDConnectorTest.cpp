@@ -5,6 +5,7 @@
 #include "channels/CVcpHIDDeviceConnector.h"
 #include "ddc/Frames.h"
 #include "foundation/VirtualClock.h"
+#include "sim/CSimDisplayChannels.h"
 #include "sim/CSimFaults.h"
 #include "sim/SimModelTable.h"
 
@@ -44,6 +45,27 @@ TEST(HidConnector, StatusIsPolledAtMostFourTimes) {
         EXPECT_EQ(rig.HidDevice()->StatusPolls() - pollsBefore, c.polls);
         EXPECT_EQ(clock->TotalSleptMs(), c.sleptMs);
         EXPECT_EQ(reply, BuildSimulatedResponse(1, 0x6B, c.value, c.value == 0 ? 0 : 100));
+    }
+}
+
+TEST(HidConnector, SlowScalerIsWaitedForUpToFourPolls) {
+    struct SCase {
+        int lateMs;
+        uint32_t sleptMs;
+        uint16_t value; // a reply not ready by the fourth poll is used as it stands
+    };
+    for (const SCase c : {SCase{0, 0, 80}, SCase{250, 300, 80}, SCase{450, 400, 0}}) {
+        SCOPED_TRACE(c.lateMs);
+        CScopedVirtualClock clock;
+        CSimDisplay display(*FindSimModel("Hazel"), "SN00000000001",
+                            SimChannelBit(ESimChannel::eHid));
+        CSimDisplayChannels channels(display, {CChannelRig::kHidPath, "", "", 0});
+        CVcpHIDDeviceConnector connector(std::make_unique<CSimHidPort>(channels.Hid()));
+        ASSERT_TRUE(connector.Open(std::string(CChannelRig::kHidPath)));
+        display.Faults().Arm({ESimFault::eLate, c.lateMs, 0, 1});
+        EXPECT_EQ(connector.SendRequest(kGetLuminance, 0.07, 38, 0),
+                  BuildSimulatedResponse(1, 0x6B, c.value, c.value == 0 ? 0 : 100));
+        EXPECT_EQ(clock->TotalSleptMs(), c.sleptMs);
     }
 }
 

@@ -47,7 +47,7 @@ private:
     ISimI2CTarget& mTarget;
 };
 
-class CSimFtdiApi final : public IFtdiApi {
+class CSimFtdiApi : public IFtdiApi {
 public:
     explicit CSimFtdiApi(CSimFtdiLibrary& library_I) : mLibrary(library_I) {}
     FtStatus FT_ListDevices(void* arg1_IO, void* arg2_IO, uint32_t flags_I) override;
