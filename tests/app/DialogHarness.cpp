@@ -12,14 +12,7 @@
 #include <unistd.h>
 
 QApplication& TestApplication() {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    static int argc = 1;
-    static char name[] = "app_tests";
-    static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
-    return application;
+    return *qobject_cast<QApplication*>(QCoreApplication::instance());
 }
 
 void SaveScreenshot(QWidget& widget_I, const std::string& name_I) {
