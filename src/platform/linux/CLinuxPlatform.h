@@ -3,6 +3,8 @@
 // EDID and DDC bus (i2c-dev), the HID channel is hidapi's hidraw backend, serial ports are
 // udev's ttys of the family's USB serial bridge, and the bridge libraries are bound by name.
 
+#include "channels/IFtdiApi.h"
+#include "channels/ITIBridgeApi.h"
 #include "discovery/IDisplayPlatform.h"
 
 #include <string>
@@ -20,23 +22,26 @@ public:
 
     std::vector<SMonitorSource> ListMonitors() override;
     bool RefreshMonitor(SDisplayInfo& info_IO) override;
-    // Null when the node can't be opened; LastBusError then says why, for the user.
-    std::unique_ptr<II2CBus> OpenMonitorBus(const SDisplayInfo& info_I) override;
+    std::shared_ptr<CMonitorConnectorDP> MakeVideoConnector() override;
 
     std::vector<std::string> ListHidChannels() override;
-    std::unique_ptr<IHidDevice> MakeHidDevice() override;
+    std::shared_ptr<Connector> MakeHidConnector() override;
 
     std::vector<std::string> ListSerialPorts() override;
-    std::unique_ptr<ISerialPort> MakeSerialPort() override;
+    std::shared_ptr<Connector> MakeSerialConnector() override;
 
-    // FTDI's own library when it is installed, else libftdi1 given the same meaning.
-    std::shared_ptr<IFtdiApi> FtdiApi() override;
-    std::shared_ptr<ITIBridgeApi> TiApi() override;
+    uint32_t FtdiDeviceCount() override;
+    std::shared_ptr<Connector> MakeFtdiConnector() override;
+    int TiDeviceCount() override;
+    std::shared_ptr<Connector> MakeTiConnector() override;
 
     bool IsMakerSystem() override;
 
-    // The text of the last failed OpenMonitorBus, empty after a success.
-    const std::string& LastBusError() const { return mLastBusError; }
+    // FTDI's own library when it is installed, else libftdi1 given the same meaning; null when
+    // neither is. Looked for once.
+    std::shared_ptr<IFtdiApi> FtdiApi();
+    // TI's library, or null when it is not installed. Looked for once.
+    std::shared_ptr<ITIBridgeApi> TiApi();
 
     // MONITOR\ with the EDID's maker id and product code (MONITOR\VRX1041); empty for an EDID
     // too short to hold them.
@@ -44,5 +49,8 @@ public:
 
 private:
     SLinuxPlatformFiles mFiles;
-    std::string mLastBusError;
+    bool mFtdiLookedFor = false;
+    std::shared_ptr<IFtdiApi> mFtdiApi;
+    bool mTiLookedFor = false;
+    std::shared_ptr<ITIBridgeApi> mTiApi;
 };
