@@ -3,15 +3,12 @@
 #include "channels/CI2CBusConnectorDP.h"
 #include "ddc/Frames.h"
 #include "foundation/VirtualClock.h"
-#include "platform/linux/CLinuxI2CBus.h"
 #include "platform/linux/CLinuxPlatform.h"
 #include "sim/CSimDisplay.h"
 #include "sim/SimModelTable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <cerrno>
 
 using ::testing::Each;
 using ::testing::Eq;
@@ -95,23 +92,6 @@ TEST_F(LinuxVideoChannelTest, RefusedTransactionsAndMissingBusesComeBackAsValues
     EXPECT_THAT(other->LastCapsError(), HasSubstr("modprobe i2c-dev"));
     EXPECT_THAT(other->CapabilitiesString(), IsEmpty());
     EXPECT_THAT(other->LastCapsError(), HasSubstr("/dev/i2c-8"));
-}
-
-TEST(LinuxI2CBusText, TellsTheUserHowToGetAccess) {
-    const struct {
-        int error;
-        const char* hint;
-    } cases[] = {
-        {EACCES, "70-paneltune.rules"},
-        {EPERM, "log in again"},
-        {ENOENT, "modprobe i2c-dev"},
-        {EBUSY, "Another program"},
-    };
-    for (const auto& row : cases) {
-        const std::string text = CLinuxI2CBus::DescribeOpenFailure("/dev/i2c-5", row.error);
-        EXPECT_THAT(text, HasSubstr("/dev/i2c-5 could not be opened")) << row.error;
-        EXPECT_THAT(text, HasSubstr(row.hint)) << row.error;
-    }
 }
 
 } // namespace
