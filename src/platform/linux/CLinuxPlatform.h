@@ -3,17 +3,20 @@
 // EDID and DDC bus (i2c-dev), the HID channel is hidapi's hidraw backend, serial ports are
 // udev's ttys of the family's USB serial bridge, and the bridge libraries are bound by name.
 
-#include "channels/IFtdiApi.h"
-#include "channels/ITIBridgeApi.h"
+#include "channels/CFTDIExAPI32.h"
+#include "channels/CTIExAPI32.h"
 #include "discovery/IDisplayPlatform.h"
+#include "platform/linux/CLibFtdi1Api.h"
+#include "platform/linux/LinuxSystemServices.h"
 
 #include <string>
 
+// Where the platform looks for the system maker and the bridge libraries.
 struct SLinuxPlatformFiles {
-    std::string sysVendor = "/sys/class/dmi/id/sys_vendor";
-    std::wstring ftdiLibrary = L"libftd2xx.so";
-    std::wstring ftdiOpenLibrary = L"libftdi1.so.2";
-    std::wstring tiLibrary = L"libTUSB3x10_I2C_API.so";
+    std::string sysVendor = LinuxUtils::kSysVendorPath;
+    std::wstring ftdiLibrary = CFTDIExAPI32::kLibraryName;
+    std::wstring ftdiOpenLibrary = CLibFtdi1Api::kLibraryName;
+    std::wstring tiLibrary = CTIExAPI32::kLibraryName;
 };
 
 class CLinuxPlatform final : public IDisplayPlatform {
