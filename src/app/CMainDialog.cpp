@@ -283,7 +283,7 @@ void CMainDialog::EndDialog(int result_I) {
 }
 
 bool CMainDialog::OnInitDialog() {
-    CScopeTimer timer("TIME: CMainDialog::OnInitDialog");
+    CScopeTimer timer("CMainDialog::OnInitDialog");
     mConfigThread.Create(&CMainDialog::DisplayConfigThread,
                          "(LPTHREAD_START_ROUTINE)CMainDialog::DisplayConfigThread", this);
     ReadStoredPosition();

@@ -229,3 +229,36 @@ TEST_F(ControlsTest, CommunicationFailureDuringADragIsReportedAndTheDialogStays)
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(ControlsTest, CtrlAltRResetsWithoutAQuestion) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    QApplication::setActiveWindow(&Dialog());
+    const int waitWindows = Dialog().mWaitWindowsShown;
+    QTest::keyClick(&Dialog(), Qt::Key_R, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(Dialog().mWaitWindowsShown, waitWindows + 1);
+    EXPECT_EQ(Dialog().Count(CMainDialog::EModal::eFactoryResetQuestion), 0u);
+    EXPECT_TRUE(Dialog().isVisible());
+}
+
+TEST_F(ControlsTest, ComboChoicesReachTheDisplay) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    Choose("colorSettingCombo", 0); // colour temperature
+    ASSERT_TRUE(Shown("temperatureCombo"));
+    const QStringList rows = Rows("temperatureCombo");
+    const int row = rows.indexOf(QStringLiteral("9300K"));
+    ASSERT_GE(row, 0);
+    Choose("temperatureCombo", row);
+    EXPECT_EQ(Current().GetColorTemperature().value, eColorTemperature_9300K);
+    EXPECT_EQ(Find<QComboBox>("temperatureCombo")->currentText(), QStringLiteral("9300K"));
+    EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
+    EXPECT_EQ(Dialog().Count(CMainDialog::EModal::eCommunicationError), 0u);
+
+    Platform().Display(0).Unplug();
+    Choose("gammaCombo", 0);
+    EXPECT_EQ(Dialog().Count(CMainDialog::EModal::eCommunicationError), 1u);
+    EXPECT_FALSE(Dialog().Ended());
+}
+
+} // namespace
