@@ -1,50 +1,17 @@
-#include "SimTransports.h"
+#include "platform/sim/SimTransports.h"
 
 #include "foundation/TimeSeam.h"
 
+#include <algorithm>
+
 namespace {
 
-// Errors as the platform reports them: no such port, device gone.
+// Errors as a platform reports them: no such port, a closed handle, a device that failed.
 constexpr uint32_t kErrorFileNotFound = 2;
 constexpr uint32_t kErrorInvalidHandle = 6;
 constexpr uint32_t kErrorGenFailure = 31;
 
 } // namespace
-
-bool CI2CWireTap::Address(uint8_t addressByte_I) {
-    mWriting = (addressByte_I & 1) == 0;
-    mRefused = false;
-    if (mWriting) {
-        writes.push_back({addressByte_I});
-    }
-    const bool ack = mInner.Address(addressByte_I);
-    if (!ack && mWriting) {
-        mRefused = true;
-        ++refusedWrites;
-    }
-    return ack;
-}
-
-bool CI2CWireTap::Write(uint8_t byte_I) {
-    if (mWriting && !writes.empty()) {
-        writes.back().push_back(byte_I);
-    }
-    const bool ack = mInner.Write(byte_I);
-    if (!ack && mWriting && !mRefused) {
-        mRefused = true;
-        ++refusedWrites;
-    }
-    return ack;
-}
-
-uint8_t CI2CWireTap::Read(bool hostAcks_I) {
-    return mInner.Read(hostAcks_I);
-}
-
-void CI2CWireTap::Stop() {
-    mWriting = false;
-    mInner.Stop();
-}
 
 bool CSimI2CBus::Write(uint8_t address7_I, const ByteVector& data_I) {
     bool acked = mTarget.Address(static_cast<uint8_t>(address7_I << 1));
@@ -113,34 +80,39 @@ FtStatus CSimFtdiApi::FT_SetUSBParameters(FtHandle handle_I, uint32_t inSize_I,
 
 bool CSimSerialPort::Open(const std::string& name_I, const SSerialSettings& settings_I,
                           const SSerialTimeouts& timeouts_I) {
-    if (name_I != mName || !mDevice.IsPlugged()) {
+    const auto found =
+        std::find_if(mDevices.begin(), mDevices.end(),
+                     [&name_I](const SNamedDevice& device) { return device.first == name_I; });
+    if (found == mDevices.end() || !found->second->IsPlugged()) {
         mError = kErrorFileNotFound;
         return false;
     }
-    mDevice.SetHostSettings(
+    mDevice = found->second;
+    mDevice->SetHostSettings(
         {settings_I.baudRate, settings_I.byteSize, settings_I.parity, settings_I.stopBits});
     timeouts = timeouts_I;
-    mOpen = true;
     return true;
 }
 
 bool CSimSerialPort::Purge(uint32_t /*mask_I*/) {
-    if (!mOpen) {
+    if (mDevice == nullptr) {
         mError = kErrorInvalidHandle;
         return false;
     }
-    mDevice.Purge();
+    mDevice->Purge();
     return true;
 }
 
 bool CSimSerialPort::Write(const uint8_t* data_I, size_t size_I, size_t& written_O) {
     written_O = 0;
-    if (!mOpen) {
+    if (mDevice == nullptr) {
         mError = kErrorInvalidHandle;
         return false;
     }
-    writes.emplace_back(data_I, data_I + size_I);
-    if (!mDevice.Write(data_I, size_I)) {
+    if (mRecording) {
+        writes.emplace_back(data_I, data_I + size_I);
+    }
+    if (!mDevice->Write(data_I, size_I)) {
         mError = kErrorDeviceGone;
         return false;
     }
@@ -150,14 +122,14 @@ bool CSimSerialPort::Write(const uint8_t* data_I, size_t size_I, size_t& written
 
 bool CSimSerialPort::Read(uint8_t* buffer_O, size_t max_I, size_t& read_O) {
     read_O = 0;
-    if (!mOpen) {
+    if (mDevice == nullptr) {
         mError = kErrorInvalidHandle;
         return false;
     }
-    int count = mDevice.Read(buffer_O, max_I);
+    int count = mDevice->Read(buffer_O, max_I);
     if (count == 0) {
         SleepMs(timeouts.readTotalConstant);
-        count = mDevice.Read(buffer_O, max_I);
+        count = mDevice->Read(buffer_O, max_I);
     }
     if (count < 0) {
         mError = kErrorGenFailure;
@@ -168,25 +140,39 @@ bool CSimSerialPort::Read(uint8_t* buffer_O, size_t max_I, size_t& read_O) {
 }
 
 bool CSimHidPort::Open(const std::string& path_I) {
-    if (path_I != mDevice.Identity().path || !mDevice.Open()) {
+    const auto found =
+        std::find_if(mDevices.begin(), mDevices.end(), [&path_I](const CSimHidDevice* device) {
+            return device->Identity().path == path_I;
+        });
+    if (found == mDevices.end() || !(*found)->Open()) {
         mError = kErrorFileNotFound;
         return false;
     }
+    mDevice = *found;
     return true;
 }
 
+void CSimHidPort::Close() {
+    if (mDevice != nullptr) {
+        mDevice->Close();
+        mDevice = nullptr;
+    }
+}
+
 bool CSimHidPort::SetFeature(const ByteVector& report_I) {
-    reports.push_back(report_I);
-    if (!mDevice.SetFeature(report_I)) {
-        mError = kErrorGenFailure;
+    if (mRecording) {
+        reports.push_back(report_I);
+    }
+    if (mDevice == nullptr || !mDevice->SetFeature(report_I)) {
+        mError = mDevice == nullptr ? kErrorInvalidHandle : kErrorGenFailure;
         return false;
     }
     return true;
 }
 
 bool CSimHidPort::GetFeature(ByteVector& report_IO) {
-    if (!mDevice.GetFeature(report_IO)) {
-        mError = kErrorGenFailure;
+    if (mDevice == nullptr || !mDevice->GetFeature(report_IO)) {
+        mError = mDevice == nullptr ? kErrorInvalidHandle : kErrorGenFailure;
         return false;
     }
     return true;

@@ -1,6 +1,8 @@
 #pragma once
-// The connectors' transport interfaces over the simulated displays' front ends, and a tap that
-// writes down the request frames that cross an I2C bus.
+// The connectors' transport interfaces over the simulated displays' front ends: an I2C bus, the
+// two bridge libraries, serial ports and HID devices. A transport may hold keepAlive_I, the
+// owner of the front ends it reaches, so that a connector that outlives the simulated platform
+// still finds them.
 
 #include "channels/IFtdiApi.h"
 #include "channels/IHidDevice.h"
@@ -13,43 +15,29 @@
 #include "sim/CSimTiBridge.h"
 #include "sim/ISimI2CTarget.h"
 
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
-// Passes every bus event on, and keeps each write transaction as a frame from its address byte
-// on, the bytes the target refused included.
-class CI2CWireTap final : public ISimI2CTarget {
+using SimKeepAlive = std::shared_ptr<const void>;
+
+class CSimI2CBus : public II2CBus {
 public:
-    explicit CI2CWireTap(ISimI2CTarget& inner_I) : mInner(inner_I) {}
-
-    bool Address(uint8_t addressByte_I) override;
-    bool Write(uint8_t byte_I) override;
-    uint8_t Read(bool hostAcks_I) override;
-    void Stop() override;
-
-    std::vector<ByteVector> writes;
-    // Write transactions that met a NACK.
-    int refusedWrites = 0;
-
-private:
-    ISimI2CTarget& mInner;
-    bool mWriting = false;
-    bool mRefused = false;
-};
-
-class CSimI2CBus final : public II2CBus {
-public:
-    explicit CSimI2CBus(ISimI2CTarget& target_I) : mTarget(target_I) {}
+    explicit CSimI2CBus(ISimI2CTarget& target_I, SimKeepAlive keepAlive_I = {})
+        : mTarget(target_I), mKeepAlive(std::move(keepAlive_I)) {}
     bool Write(uint8_t address7_I, const ByteVector& data_I) override;
     bool Read(uint8_t address7_I, ByteVector& buffer_IO) override;
 
 private:
     ISimI2CTarget& mTarget;
+    SimKeepAlive mKeepAlive;
 };
 
 class CSimFtdiApi : public IFtdiApi {
 public:
-    explicit CSimFtdiApi(CSimFtdiLibrary& library_I) : mLibrary(library_I) {}
+    explicit CSimFtdiApi(CSimFtdiLibrary& library_I, SimKeepAlive keepAlive_I = {})
+        : mLibrary(library_I), mKeepAlive(std::move(keepAlive_I)) {}
     FtStatus FT_ListDevices(void* arg1_IO, void* arg2_IO, uint32_t flags_I) override;
     FtStatus FT_OpenEx(void* arg_I, uint32_t flags_I, FtHandle* handle_O) override;
     FtStatus FT_Close(FtHandle handle_I) override;
@@ -69,11 +57,13 @@ public:
 
 private:
     CSimFtdiLibrary& mLibrary;
+    SimKeepAlive mKeepAlive;
 };
 
-class CSimTiApi final : public ITIBridgeApi {
+class CSimTiApi : public ITIBridgeApi {
 public:
-    explicit CSimTiApi(CSimTiBridge& bridge_I) : mBridge(bridge_I) {}
+    explicit CSimTiApi(CSimTiBridge& bridge_I, SimKeepAlive keepAlive_I = {})
+        : mBridge(bridge_I), mKeepAlive(std::move(keepAlive_I)) {}
     int AvailableDevices() override { return mBridge.AvailableDevices(); }
     TiDevice OpenDevice(int index_I) override { return mBridge.OpenDevice(index_I); }
     int WriteI2C(uint8_t address7_I, const uint8_t* data_I, uint16_t length_I) override {
@@ -86,47 +76,64 @@ public:
 
 private:
     CSimTiBridge& mBridge;
+    SimKeepAlive mKeepAlive;
 };
 
-// A port of one name. A read that finds nothing waits the idle time-out once, on the time seam.
-class CSimSerialPort final : public ISerialPort {
+// A serial port that opens by name among the simulated ports. A read that finds nothing waits
+// the idle time-out once, on the time seam.
+class CSimSerialPort : public ISerialPort {
 public:
+    using SNamedDevice = std::pair<std::string, CSimSerialDevice*>;
+
     CSimSerialPort(CSimSerialDevice& device_I, std::string name_I)
-        : mDevice(device_I), mName(std::move(name_I)) {}
+        : mDevices{{std::move(name_I), &device_I}} {}
+    CSimSerialPort(std::vector<SNamedDevice> devices_I, SimKeepAlive keepAlive_I)
+        : mDevices(std::move(devices_I)), mKeepAlive(std::move(keepAlive_I)) {}
 
     bool Open(const std::string& name_I, const SSerialSettings& settings_I,
               const SSerialTimeouts& timeouts_I) override;
-    void Close() override { mOpen = false; }
+    void Close() override { mDevice = nullptr; }
     bool Purge(uint32_t mask_I) override;
     void ClearErrors() override {}
     bool Write(const uint8_t* data_I, size_t size_I, size_t& written_O) override;
     bool Read(uint8_t* buffer_O, size_t max_I, size_t& read_O) override;
     uint32_t LastError() override { return mError; }
 
-    // What the host wrote, one entry per write.
+    // Keeps what the host wrote in writes, one entry per write; off unless a test asks.
+    void RecordWrites(bool on_I) { mRecording = on_I; }
     std::vector<ByteVector> writes;
     SSerialTimeouts timeouts;
 
 private:
-    CSimSerialDevice& mDevice;
-    std::string mName;
-    bool mOpen = false;
+    std::vector<SNamedDevice> mDevices;
+    SimKeepAlive mKeepAlive;
+    CSimSerialDevice* mDevice = nullptr;
+    bool mRecording = false;
     uint32_t mError = 0;
 };
 
-class CSimHidPort final : public IHidDevice {
+// A HID device that opens by path among the simulated devices.
+class CSimHidPort : public IHidDevice {
 public:
-    explicit CSimHidPort(CSimHidDevice& device_I) : mDevice(device_I) {}
+    explicit CSimHidPort(CSimHidDevice& device_I) : mDevices{&device_I} {}
+    CSimHidPort(std::vector<CSimHidDevice*> devices_I, SimKeepAlive keepAlive_I)
+        : mDevices(std::move(devices_I)), mKeepAlive(std::move(keepAlive_I)) {}
+
     bool Open(const std::string& path_I) override;
-    void Close() override { mDevice.Close(); }
+    void Close() override;
     bool SetFeature(const ByteVector& report_I) override;
     bool GetFeature(ByteVector& report_IO) override;
     uint32_t LastError() override { return mError; }
 
-    // Every report the host sent, status requests included.
+    // Keeps every report the host sent in reports, status requests included; off unless a
+    // test asks.
+    void RecordReports(bool on_I) { mRecording = on_I; }
     std::vector<ByteVector> reports;
 
 private:
-    CSimHidDevice& mDevice;
+    std::vector<CSimHidDevice*> mDevices;
+    SimKeepAlive mKeepAlive;
+    CSimHidDevice* mDevice = nullptr;
+    bool mRecording = false;
     uint32_t mError = 0;
 };

@@ -1,0 +1,23 @@
+#pragma once
+// The options of a run, built once from the command line and copied by each holder.
+
+#include "resources/LanguageProvider.h"
+
+#include <cstdint>
+
+// Which channel types discovery may use.
+enum SConnectionMode : int32_t {
+    eConnectionMode_HID = 0,
+    eConnectionMode_Video = 1,
+    eConnectionMode_FTDI = 2,
+    eConnectionMode_All = 3,
+};
+
+struct SDisplayConfigOptions {
+    LanguageProvider language{"userUI"};
+    // Pair monitor and channel by model group and name instead of serial number.
+    bool skipSerialMatch = false;
+    // Stop discovery at the first display whose video channel fails with a reason.
+    bool exitOnError = false;
+    SConnectionMode connectionMode = eConnectionMode_All;
+};

@@ -1,0 +1,192 @@
+#include "ddc/VcpCodes.h"
+#include "discovery/CDisplayConfigInterface.h"
+#include "foundation/StringUtilities.h"
+#include "foundation/VirtualClock.h"
+#include "model/UiDisplayDelegate.h"
+#include "platform/sim/CSimulatedPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace {
+
+// One display on each kind of channel.
+constexpr const char kEveryChannel[] =
+    "ElmLarge@video,Hazel@hid,Birch@ftdi,Aspen@serial,CedarSmall@ti";
+
+SDisplayConfigOptions Options(SConnectionMode mode_I = eConnectionMode_All) {
+    SDisplayConfigOptions options;
+    options.language = LanguageProvider("en");
+    options.connectionMode = mode_I;
+    return options;
+}
+
+std::shared_ptr<CSimulatedPlatform> Platform(std::string_view description_I) {
+    std::string error;
+    auto platform = CSimulatedPlatform::FromDescription(description_I, error);
+    EXPECT_NE(platform, nullptr) << error;
+    return platform;
+}
+
+class SimulatedDiscoveryTest : public ::testing::Test {
+protected:
+    CScopedVirtualClock clock;
+};
+
+TEST_F(SimulatedDiscoveryTest, FindsAndDrivesADisplayOnEveryChannel) {
+    auto platform = Platform(kEveryChannel);
+    ASSERT_NE(platform, nullptr);
+    CDisplayConfigInterface config(Options(), platform);
+
+    const int expectedTypes[] = {eConnectorType_DisplayPort, eConnectorType_HID,
+                                 eConnectorType_FTDI, eConnectorType_Serial, eConnectorType_TI};
+    // Hazel keeps its brightness in the white backlight level.
+    const uint8_t brightnessCodes[] = {vcpC_Luminance, vcpC_BacklightLevelWhite, vcpC_Luminance,
+                                       vcpC_Luminance, vcpC_Luminance};
+    ASSERT_EQ(config.DisplayInfos().size(), platform->DisplayCount());
+    for (size_t index = 0; index < platform->DisplayCount(); ++index) {
+        CSimDisplay& sim = platform->Display(index);
+        const SDisplayInfo& info = config.DisplayInfos()[index];
+        SCOPED_TRACE(std::string(sim.Model().name));
+        EXPECT_EQ(info.serialNumber, ToWide(sim.SerialNumber()));
+        EXPECT_EQ(info.edidNumber, sim.EdidNumber());
+        EXPECT_FALSE(info.modelNumber.empty());
+        ASSERT_NE(info.display, nullptr);
+        EXPECT_EQ(info.display->GetConnector()->ConnectorType(), expectedTypes[index]);
+        EXPECT_EQ(info.display->GetModelNumber(), ToNarrow(info.modelNumber));
+
+        config.SetCurrentDisplay(static_cast<int>(index));
+        ASSERT_EQ(config.CurrentDisplay(), info.display);
+        const SVCPResult before = config.CurrentDisplay()->GetBrightness();
+        ASSERT_TRUE(before.valid);
+        EXPECT_EQ(sim.Scaler().Current(brightnessCodes[index]), before.value);
+        const int32_t wanted = before.value == before.minimum ? before.value + 1 : before.value - 1;
+        ASSERT_TRUE(config.CurrentDisplay()->SetBrightness(wanted));
+        EXPECT_EQ(sim.Scaler().Current(brightnessCodes[index]), wanted);
+        EXPECT_EQ(config.CurrentDisplay()->GetBrightness().value, wanted);
+        EXPECT_TRUE(sim.Scaler().HostErrors().empty());
+    }
+    EXPECT_EQ(config.CurrentMonitor(), CSimulatedPlatform::MonitorHandle(4));
+}
+
+TEST_F(SimulatedDiscoveryTest, EachModeFindsWhatItReaches) {
+    struct SRow {
+        SConnectionMode mode;
+        std::set<std::string> models;
+    };
+    const SRow rows[] = {
+        {eConnectionMode_All, {"ElmLarge", "Hazel", "Birch", "Aspen", "CedarSmall"}},
+        {eConnectionMode_HID, {"Hazel"}},
+        {eConnectionMode_Video, {"ElmLarge"}},
+        // The legacy walk looks at every channel listed, the HID channel included.
+        {eConnectionMode_FTDI, {"Hazel", "Birch", "Aspen", "CedarSmall"}},
+    };
+    for (const SRow& row : rows) {
+        auto platform = Platform(kEveryChannel);
+        ASSERT_NE(platform, nullptr);
+        CDisplayConfigInterface config(Options(row.mode), platform);
+
+        std::set<std::string> models;
+        for (const SDisplayInfo& info : config.DisplayInfos()) {
+            ASSERT_NE(info.display, nullptr);
+            for (size_t index = 0; index < platform->DisplayCount(); ++index) {
+                if (ToWide(platform->Display(index).SerialNumber()) == info.serialNumber) {
+                    models.insert(std::string(platform->Display(index).Model().name));
+                }
+            }
+        }
+        EXPECT_EQ(models, row.models) << "mode " << row.mode;
+    }
+}
+
+TEST_F(SimulatedDiscoveryTest, PairsTwoDisplaysOfOneModelBySerialNumber) {
+    auto platform = Platform("Birch@ftdi:serial=BIRCHA,Birch@ftdi+video:serial=BIRCHB");
+    ASSERT_NE(platform, nullptr);
+    CDisplayConfigInterface config(Options(), platform);
+
+    ASSERT_EQ(config.DisplayInfos().size(), 2u);
+    for (const SDisplayInfo& info : config.DisplayInfos()) {
+        ASSERT_NE(info.display, nullptr);
+        EXPECT_EQ(ToWide(info.display->GetConnector()->SerialNumber(kNoTabletId)),
+                  info.serialNumber);
+    }
+    EXPECT_EQ(config.DisplayInfos()[1].display->GetConnector()->ConnectorType(),
+              eConnectorType_DisplayPort);
+}
+
+TEST_F(SimulatedDiscoveryTest, DropsDisplaysNoChannelReaches) {
+    auto platform = Platform("Birch@none,Hazel@hid,FirLarge@ftdi");
+    ASSERT_NE(platform, nullptr);
+    platform->Display(1).Unplug();
+    CDisplayConfigInterface config(Options(), platform);
+
+    ASSERT_EQ(config.DisplayInfos().size(), 1u);
+    EXPECT_EQ(config.DisplayInfos()[0].edidNumber, 0x1065);
+
+    // Plugged in again, the HID display is found by a new discovery.
+    platform->Display(1).Replug();
+    config.Rediscover();
+    EXPECT_EQ(config.DisplayInfos().size(), 2u);
+}
+
+TEST_F(SimulatedDiscoveryTest, ReportsTheVideoFailureWhenAskedToStop) {
+    auto platform = Platform("ElmLarge@ftdi,Hazel@hid");
+    ASSERT_NE(platform, nullptr);
+    SDisplayConfigOptions options = Options(eConnectionMode_Video);
+    options.exitOnError = true;
+    CDisplayConfigInterface config(options, platform);
+
+    ASSERT_EQ(config.DisplayInfos().size(), 2u);
+    EXPECT_EQ(config.DisplayInfos()[0].display, nullptr);
+    const std::string& error = config.LastError();
+    EXPECT_EQ(error.rfind("Display: VRX1060  [", 0), 0u) << error;
+    EXPECT_NE(error.find("]\n    Could not connect through Display Port API\n    "),
+              std::string::npos)
+        << error;
+    EXPECT_NE(error.find(CSimulatedPlatform::MonitorHandle(0)), std::string::npos) << error;
+}
+
+TEST_F(SimulatedDiscoveryTest, TheDefaultSetShowsTwoDisplays) {
+    auto platform = Platform(CSimulatedPlatform::kDefaultDescription);
+    ASSERT_NE(platform, nullptr);
+    CDisplayConfigInterface config(Options(), platform);
+
+    ASSERT_EQ(config.DisplayNames().size(), 2u);
+    EXPECT_EQ(config.DisplayInfos()[0].display->GetConnector()->ConnectorType(),
+              eConnectorType_DisplayPort);
+    EXPECT_EQ(config.DisplayInfos()[1].display->GetConnector()->ConnectorType(),
+              eConnectorType_HID);
+}
+
+TEST_F(SimulatedDiscoveryTest, ABadDescriptionGivesItsReason) {
+    std::string error;
+    EXPECT_EQ(CSimulatedPlatform::FromDescription("Oak@video", error), nullptr);
+    EXPECT_FALSE(error.empty());
+}
+
+TEST_F(SimulatedDiscoveryTest, VideoConnectorServesTheRecordAndRefusesLess) {
+    auto platform = Platform("Birch@video");
+    ASSERT_NE(platform, nullptr);
+    CDisplayConfigInterface config(Options(eConnectionMode_Video), platform);
+    ASSERT_EQ(config.DisplayInfos().size(), 1u);
+    SDisplayInfo info = config.DisplayInfos()[0];
+
+    auto connector = platform->MakeVideoConnector();
+    ASSERT_TRUE(connector->OpenDisplayInfo(info));
+    EXPECT_EQ(connector->MonitorName(), ToNarrow(info.monitorName));
+    EXPECT_EQ(connector->SerialNumber(kNoTabletId), platform->Display(0).SerialNumber());
+    EXPECT_EQ(connector->ReadEDID(kNoTabletId), info.edid);
+    EXPECT_FALSE(connector->CapabilitiesString().empty());
+    EXPECT_TRUE(connector->LastCapsError().empty());
+    connector->Close();
+    EXPECT_FALSE(connector->IsOpen());
+    EXPECT_TRUE(connector->MonitorName().empty());
+
+    // A record without its monitor's handle is incomplete.
+    info.monitorHandle.clear();
+    EXPECT_FALSE(connector->OpenDisplayInfo(info));
+    EXPECT_TRUE(connector->CapabilitiesString().empty());
+}
+
+} // namespace
