@@ -17,8 +17,8 @@ std::atomic<TraceObserver> gTraceObserver{nullptr};
 std::atomic<DebugOutputSink> gDebugOutputSink{nullptr};
 } // namespace
 
-void SetDebugOutputSink(DebugOutputSink sink) {
-    gDebugOutputSink.store(sink);
+DebugOutputSink SetDebugOutputSink(DebugOutputSink sink) {
+    return gDebugOutputSink.exchange(sink);
 }
 
 void SetTraceObserver(TraceObserver observer) {

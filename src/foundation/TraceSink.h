@@ -13,6 +13,6 @@ void SetTraceObserver(TraceObserver observer);
 
 // Takes the place of the debug output for the whole process, for a program whose standard error
 // belongs to its user; the observer and the trace file still see every line. Null restores
-// standard error.
+// standard error. Returns the sink it replaces.
 using DebugOutputSink = void (*)(const char* text, size_t length);
-void SetDebugOutputSink(DebugOutputSink sink);
+DebugOutputSink SetDebugOutputSink(DebugOutputSink sink);

@@ -59,9 +59,9 @@ void Sink(const char* text, size_t length) {
 TEST(Trace, ASinkTakesThePlaceOfStandardErrorUntilRemoved) {
     gSunk.clear();
     testing::internal::CaptureStderr();
-    SetDebugOutputSink(&Sink);
+    EXPECT_EQ(SetDebugOutputSink(&Sink), nullptr);
     Trace("quiet %d\n", 1);
-    SetDebugOutputSink(nullptr);
+    EXPECT_EQ(SetDebugOutputSink(nullptr), &Sink);
     Trace("loud %d\n", 2);
     const std::string written = testing::internal::GetCapturedStderr();
 
