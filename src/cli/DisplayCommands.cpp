@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <map>
 #include <ostream>
 #include <sstream>
 
@@ -51,6 +52,17 @@ std::string OptionError(const UiDisplayDelegate& display_I) {
         }
     }
     return {};
+}
+
+// The present value of every option. A write that fails leaves the option at the value it
+// tried while the session drops the error text, so a changed value after a failed setter
+// tells a lost exchange from a value the model refused without traffic.
+std::map<vcpCode, int32_t> OptionValues(const UiDisplayDelegate& display_I) {
+    std::map<vcpCode, int32_t> values;
+    for (const auto& [code, option] : display_I.GetOptions()) {
+        values[code] = option->GetValue();
+    }
+    return values;
 }
 
 bool ParseCode(std::string_view text_I, int32_t& code_O) {
@@ -321,8 +333,12 @@ private:
             return mContext.Fail(eCliExit_Usage, error);
         }
         ClearOptionErrors(*mDisplay);
+        const std::map<vcpCode, int32_t> before = OptionValues(*mDisplay);
         if (!row->set(*mDisplay, wanted)) {
-            const std::string failure = OptionError(*mDisplay);
+            std::string failure = OptionError(*mDisplay);
+            if (failure.empty() && OptionValues(*mDisplay) != before) {
+                failure = "the display did not answer";
+            }
             if (!failure.empty()) {
                 return mContext.Fail(eCliExit_Communication,
                                      std::string("setting ") + row->name + " failed: " + failure);
@@ -496,7 +512,7 @@ private:
         }
         if (!mDisplay->SetVCPValue(vcp, value)) {
             return mContext.Fail(eCliExit_Communication,
-                                 "writing " + Hex2(code) + " failed: " + OptionError(*mDisplay));
+                                 "writing " + Hex2(code) + " failed: the display did not answer");
         }
         if (const int saved = SaveIfAsked(); saved != eCliExit_Done) {
             return saved;

@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr const char* kVersion = "0.1.0";
-
 // Where trace lines go during a run; the sink is a plain function, so it finds the stream here.
 std::ostream* gTraceStream = nullptr;
 
@@ -51,7 +49,7 @@ private:
     DebugOutputSink mSinkWas;
 };
 
-int RunCommand(const SCliContext& context_I) {
+int RunCommand(const SCliContext& context_I, const CliPlatformFactory& factory_I) {
     switch (context_I.options.command) {
     case ECliCommand::eParseCaps:
         return RunParseCaps(context_I);
@@ -61,7 +59,8 @@ int RunCommand(const SCliContext& context_I) {
         break;
     }
     std::string error;
-    std::shared_ptr<IDisplayPlatform> platform = MakeCliPlatform(context_I.options, error);
+    std::shared_ptr<IDisplayPlatform> platform =
+        factory_I ? factory_I(context_I.options, error) : MakeCliPlatform(context_I.options, error);
     if (!platform) {
         return context_I.Fail(context_I.options.simulate ? eCliExit_Usage : eCliExit_NotOffered,
                               error);
@@ -74,7 +73,7 @@ int RunCommand(const SCliContext& context_I) {
 void DropCliTrace(const char*, size_t) {}
 
 int RunCli(const std::vector<std::string>& args_I, std::istream& in_IO, std::ostream& out_IO,
-           std::ostream& err_IO) {
+           std::ostream& err_IO, const CliPlatformFactory& factory_I) {
     const SCliParse parse = ParseCliArguments(args_I);
     const SCliContext context{parse.options, in_IO, out_IO, err_IO};
     if (!parse.error.empty()) {
@@ -83,7 +82,7 @@ int RunCli(const std::vector<std::string>& args_I, std::istream& in_IO, std::ost
     }
     const SCliOptions& options = parse.options;
     if (options.version) {
-        out_IO << "paneltunectl " << kVersion << "\n";
+        out_IO << "paneltunectl " << PANELTUNE_VERSION << "\n";
         return eCliExit_Done;
     }
     if (options.help) {
@@ -103,7 +102,7 @@ int RunCli(const std::vector<std::string>& args_I, std::istream& in_IO, std::ost
     CRunTrace trace(options.debug, err_IO);
     const int64_t startNs = MonotonicNs();
     const uint64_t sleptBeforeMs = TotalRequestedSleepMs();
-    const int exit = RunCommand(context);
+    const int exit = RunCommand(context, factory_I);
     if (options.timing || options.debug) {
         const double wallMs = static_cast<double>(MonotonicNs() - startNs) / 1e6;
         const double waitsMs = static_cast<double>(TotalRequestedSleepMs() - sleptBeforeMs);
