@@ -22,7 +22,7 @@
 
 using SimKeepAlive = std::shared_ptr<const void>;
 
-class CSimI2CBus final : public II2CBus {
+class CSimI2CBus : public II2CBus {
 public:
     explicit CSimI2CBus(ISimI2CTarget& target_I, SimKeepAlive keepAlive_I = {})
         : mTarget(target_I), mKeepAlive(std::move(keepAlive_I)) {}
@@ -34,7 +34,7 @@ private:
     SimKeepAlive mKeepAlive;
 };
 
-class CSimFtdiApi final : public IFtdiApi {
+class CSimFtdiApi : public IFtdiApi {
 public:
     explicit CSimFtdiApi(CSimFtdiLibrary& library_I, SimKeepAlive keepAlive_I = {})
         : mLibrary(library_I), mKeepAlive(std::move(keepAlive_I)) {}
@@ -60,7 +60,7 @@ private:
     SimKeepAlive mKeepAlive;
 };
 
-class CSimTiApi final : public ITIBridgeApi {
+class CSimTiApi : public ITIBridgeApi {
 public:
     explicit CSimTiApi(CSimTiBridge& bridge_I, SimKeepAlive keepAlive_I = {})
         : mBridge(bridge_I), mKeepAlive(std::move(keepAlive_I)) {}
@@ -81,7 +81,7 @@ private:
 
 // A serial port that opens by name among the simulated ports. A read that finds nothing waits
 // the idle time-out once, on the time seam.
-class CSimSerialPort final : public ISerialPort {
+class CSimSerialPort : public ISerialPort {
 public:
     using SNamedDevice = std::pair<std::string, CSimSerialDevice*>;
 
@@ -113,7 +113,7 @@ private:
 };
 
 // A HID device that opens by path among the simulated devices.
-class CSimHidPort final : public IHidDevice {
+class CSimHidPort : public IHidDevice {
 public:
     explicit CSimHidPort(CSimHidDevice& device_I) : mDevices{&device_I} {}
     CSimHidPort(std::vector<CSimHidDevice*> devices_I, SimKeepAlive keepAlive_I)
