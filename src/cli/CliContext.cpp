@@ -12,8 +12,8 @@ int SCliContext::Fail(ECliExit exit_I, const std::string& text_I) const {
 }
 
 bool SCliContext::Confirm(const std::string& question_I) const {
-    out << question_I << " [y/N] ";
-    out.flush();
+    err << question_I << " [y/N] ";
+    err.flush();
     std::string answer;
     std::getline(in, answer);
     while (!answer.empty() && (answer.back() == '\r' || answer.back() == ' ')) {

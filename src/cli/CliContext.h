@@ -15,6 +15,7 @@ struct SCliContext {
 
     // Writes "paneltunectl: text" as one line on standard error and gives the exit status.
     int Fail(ECliExit exit_I, const std::string& text_I) const;
-    // Asks a yes-or-no question on standard output; only "y" or "yes" agree.
+    // Asks a yes-or-no question on standard error, which keeps standard output for results;
+    // only "y" or "yes" agree.
     bool Confirm(const std::string& question_I) const;
 };

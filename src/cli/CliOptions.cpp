@@ -9,7 +9,7 @@
 namespace {
 
 constexpr SCliCommandInfo kCommands[] = {
-    {ECliCommand::eList, "list", "", "list the displays found", 0, 0, false, ""},
+    {ECliCommand::eList, "list", "", "list the displays found", 0, 0, true, ""},
     {ECliCommand::eGet, "get", "SETTING|all", "read a setting, or every setting the display offers",
      1, 1, true, ""},
     {ECliCommand::eSet, "set", "SETTING VALUE", "change a setting; VALUE is a name or a number", 2,
@@ -282,12 +282,7 @@ private:
             Fail("no command given");
             return;
         }
-        const SCliCommandInfo* command = nullptr;
-        for (const SCliCommandInfo& info : CliCommands()) {
-            if (info.command == options.command) {
-                command = &info;
-            }
-        }
+        const SCliCommandInfo* command = FindCliCommand(options.command);
         if (options.operands.size() < command->minOperands) {
             Fail(std::string(command->name) + " needs " + command->operands);
         } else if (options.operands.size() > command->maxOperands) {
@@ -302,6 +297,15 @@ private:
 };
 
 } // namespace
+
+const SCliCommandInfo* FindCliCommand(ECliCommand command_I) {
+    for (const SCliCommandInfo& info : kCommands) {
+        if (info.command == command_I) {
+            return &info;
+        }
+    }
+    return nullptr;
+}
 
 std::span<const SCliCommandInfo> CliCommands() {
     return kCommands;

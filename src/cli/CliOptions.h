@@ -40,13 +40,15 @@ struct SCliCommandInfo {
     const char* summary;
     size_t minOperands;
     size_t maxOperands;
-    bool needsDisplay;
+    bool needsPlatform;  // false for the commands that read only their operands
     const char* details; // the command's own options and notes, for its --help
 };
 
 // Every sub-command, in the order of the help text.
 std::span<const SCliCommandInfo> CliCommands();
 const SCliCommandInfo* FindCliCommand(std::string_view name_I);
+// Null for eNone.
+const SCliCommandInfo* FindCliCommand(ECliCommand command_I);
 
 struct SCliOptions {
     ECliCommand command = ECliCommand::eNone;

@@ -259,6 +259,16 @@ private:
         return text;
     }
 
+    int NotOffered(const SSettingRow& row_I) {
+        std::string text = std::string(row_I.name) + " is not offered by this display";
+        const SSettingRow& colorSetting = *FindSetting("color-setting");
+        if (row_I.followsColorSetting && colorSetting.status(*mDisplay).visible) {
+            const SSettingValue present = colorSetting.get(*mDisplay);
+            text += " while color-setting is " + FormatSettingValue(colorSetting, false, present);
+        }
+        return mContext.Fail(eCliExit_NotOffered, text);
+    }
+
     int Get() {
         // The display may have changed its colour setting from its own menu.
         mDisplay->GetColorSetting();
@@ -275,8 +285,7 @@ private:
             }
             readings.push_back(Read(*row));
             if (!readings[0].state.visible) {
-                return mContext.Fail(eCliExit_NotOffered,
-                                     std::string(row->name) + " is not offered by this display");
+                return NotOffered(*row);
             }
         }
         if (mOptions.json) {
@@ -313,8 +322,7 @@ private:
         }
         const SReading reading = Read(*row);
         if (!reading.state.visible) {
-            return mContext.Fail(eCliExit_NotOffered,
-                                 std::string(row->name) + " is not offered by this display");
+            return NotOffered(*row);
         }
         if (!reading.error.empty()) {
             return mContext.Fail(eCliExit_Communication,

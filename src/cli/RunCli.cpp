@@ -50,13 +50,9 @@ private:
 };
 
 int RunCommand(const SCliContext& context_I, const CliPlatformFactory& factory_I) {
-    switch (context_I.options.command) {
-    case ECliCommand::eParseCaps:
-        return RunParseCaps(context_I);
-    case ECliCommand::eEdid:
-        return RunEdid(context_I);
-    default:
-        break;
+    if (!FindCliCommand(context_I.options.command)->needsPlatform) {
+        return context_I.options.command == ECliCommand::eEdid ? RunEdid(context_I)
+                                                               : RunParseCaps(context_I);
     }
     std::string error;
     std::shared_ptr<IDisplayPlatform> platform =
@@ -86,12 +82,7 @@ int RunCli(const std::vector<std::string>& args_I, std::istream& in_IO, std::ost
         return eCliExit_Done;
     }
     if (options.help) {
-        const SCliCommandInfo* command = nullptr;
-        for (const SCliCommandInfo& info : CliCommands()) {
-            if (info.command == options.command) {
-                command = &info;
-            }
-        }
+        const SCliCommandInfo* command = FindCliCommand(options.command);
         out_IO << (command ? CliCommandHelpText(*command) : CliUsageText());
         if (options.command == ECliCommand::eGet || options.command == ECliCommand::eSet) {
             out_IO << SettingsHelpText();

@@ -45,6 +45,8 @@ struct SSettingRow {
     SControlState (*status)(UiDisplayDelegate&);
     SSettingValue (*get)(UiDisplayDelegate&);
     bool (*set)(UiDisplayDelegate&, const SSettingValue&);
+    // Shown only in one colour setting, so hidden need not mean missing.
+    bool followsColorSetting = false;
 };
 
 std::span<const SSettingRow> SettingsTable();

@@ -154,6 +154,9 @@ TEST_F(CliTest, EachFailureHasItsExitCodeAndOneLine) {
          2,
          "gamma is not offered by this display"},
         {{"--simulate", "getvcp", "C0"}, 2, "VCP code 0xC0 is not offered by this display"},
+        {{"--simulate", "ElmLarge@video", "set", "space", "srgb"},
+         2,
+         "space is not offered by this display while color-setting is temperature"},
         {{"--simulate", "CedarSmall@ti", "reset-color"}, 2, "offers no colour reset"},
         {{"--simulate", "ElmLarge@video", "condition-lcd", "--yes"},
          2,
@@ -202,7 +205,7 @@ TEST_F(CliTest, ResetsAskUnlessTold) {
     SCliRun run = Run({"--simulate", "Birch@ftdi", "factory-reset"}, "n\n");
     EXPECT_EQ(run.exit, 1);
     EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 0);
-    EXPECT_NE(run.out.find("[y/N]"), std::string::npos);
+    EXPECT_NE(run.err.find("[y/N]"), std::string::npos);
 
     run = Run({"--simulate", "Birch@ftdi", "factory-reset"}, "yes\n");
     EXPECT_EQ(run.exit, 0) << run.err;
@@ -211,7 +214,7 @@ TEST_F(CliTest, ResetsAskUnlessTold) {
     run = Run({"--simulate", "Birch@ftdi", "factory-reset", "--yes"});
     EXPECT_EQ(run.exit, 0) << run.err;
     EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 1);
-    EXPECT_EQ(run.out.find("[y/N]"), std::string::npos);
+    EXPECT_EQ(run.err.find("[y/N]"), std::string::npos);
 
     run = Run({"--simulate", "Birch@ftdi", "condition-lcd"}, "\n");
     EXPECT_EQ(run.exit, 1);
