@@ -478,6 +478,11 @@ private:
         if (const int offered = OfferedCode(code); offered != eCliExit_Done) {
             return offered;
         }
+        if (mDisplay->GetOptions().at(static_cast<vcpCode>(code))->Info().access ==
+            SVCPCodeInfo::eWriteOnly) {
+            return mContext.Fail(eCliExit_NotOffered,
+                                 "VCP code " + Hex2(code) + " can only be written");
+        }
         ClearOptionErrors(*mDisplay);
         const SVCPResult result = mDisplay->GetVCPValue(static_cast<vcpCode>(code), true);
         if (!result.valid) {

@@ -251,6 +251,10 @@ TEST_F(CliTest, RawFeaturesAreReadAndWrittenWithinWhatTheDisplayOffers) {
     EXPECT_NE(Sim().Scaler().Current(0x14), 2);
     run = Run({"--simulate", "getvcp", "1FF"});
     EXPECT_EQ(run.exit, 1);
+    // Restore Factory Defaults is a trigger with nothing to read.
+    run = Run({"--simulate", "getvcp", "04"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_NE(run.err.find("0x04 can only be written"), std::string::npos) << run.err;
 }
 
 TEST_F(CliTest, CapabilitiesShowTheStringAndTheSessionsReadingOfIt) {
