@@ -112,7 +112,7 @@ std::vector<std::string> CLinuxPlatform::ListSerialPorts() {
                    channel->role == EUsbChannelRole::eFtdiBridge) {
             Trace("GetNextDeviceID found FTDI\\COMPORT&VID_0403&PID_6014 (case-insensitive)\n");
         } else if (gTraceEnabled) {
-            Trace("GetNextDeviceID couldn't find USB\\\\VID_10C4&PID_EA60 (case-insensitive)\n");
+            Trace("GetNextDeviceID couldn't find USB\\VID_10C4&PID_EA60 (case-insensitive)\n");
         }
     }
     return names;
