@@ -62,6 +62,32 @@ TEST_F(CliTest, ListNamesEveryDisplayWithItsChannelAndKeepsTracesOffStandardErro
     }
 }
 
+TEST_F(CliTest, ModeLimitsDiscoveryToItsChannels) {
+    struct SRow {
+        const char* mode;
+        std::vector<std::string> channels;
+    };
+    const SRow rows[] = {
+        {"all", {"video", "hid", "ftdi", "serial", "ti"}},
+        {"hid", {"hid"}},
+        {"video", {"video"}},
+        // The legacy walk looks at every channel listed, the HID channel included.
+        {"ftdi", {"hid", "ftdi", "serial", "ti"}},
+    };
+    for (const SRow& row : rows) {
+        SCOPED_TRACE(row.mode);
+        const SCliRun run =
+            Run({"--simulate", kEveryChannel, "--mode", row.mode, "list", "--json"});
+        ASSERT_EQ(run.exit, 0) << run.err;
+        std::vector<std::string> channels;
+        const SJson list = Json(run.out);
+        for (const SJson& display : list["displays"].items) {
+            channels.push_back(display["channel"].text);
+        }
+        EXPECT_EQ(channels, row.channels) << run.out;
+    }
+}
+
 TEST_F(CliTest, DebugSendsTracesAndTheTimingToStandardError) {
     const uint64_t sleptBefore = TotalRequestedSleepMs();
     const SCliRun run = Run({"--simulate", "Hazel@hid", "list", "--debug"});
