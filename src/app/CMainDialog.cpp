@@ -1,0 +1,601 @@
+#include "app/CMainDialog.h"
+
+#include "app/CInfoWindows.h"
+#include "app/CPlaceholderDialogs.h"
+#include "foundation/ScopeTimer.h"
+#include "foundation/StringUtilities.h"
+#include "foundation/Trace.h"
+#include "model/UiDisplayDelegate.h"
+#include "resources/CResourceModule.h"
+#include "resources/ResourceLookup.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QScreen>
+#include <QSettings>
+#include <QShortcut>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace {
+
+// Text ids of the dialog's fixed texts.
+constexpr uint32_t kTitleId = 2000;
+constexpr uint32_t kDisplayLabelId = 2001;
+constexpr uint32_t kBrightnessLabelId = 2002;
+constexpr uint32_t kContrastLabelId = 2003;
+constexpr uint32_t kColorSettingLabelId = 2004;
+constexpr uint32_t kTemperatureLabelId = 2008;
+constexpr uint32_t kSpaceLabelId = 2015;
+constexpr uint32_t kSetButtonId = 2025;
+constexpr uint32_t kRgbLabelId = 2026;
+constexpr uint32_t kGammaLabelId = 2027;
+constexpr uint32_t kAdvancedButtonId = 2031;
+constexpr uint32_t kSaveButtonId = 2032;
+constexpr uint32_t kRevertButtonId = 2033;
+constexpr uint32_t kResetColorButtonId = 2036;
+constexpr uint32_t kNotSupportedFirstId = 2037;
+constexpr uint32_t kNotSupportedSecondId = 2038;
+constexpr uint32_t kOkId = 2090;
+constexpr uint32_t kTalkErrorId = 2900;
+constexpr uint32_t kExitingId = 2901;
+constexpr uint32_t kWaitTextId = 2905;
+
+const char* const kSettingsOrganisation = "Vorex";
+const char* const kSettingsApplication = "OSD";
+const char* const kLocationGroup = "Location";
+const char* const kRaiseRequest = "raise\n";
+
+// The smallest slider that still reads well; the edit holds three digits.
+constexpr int kSliderMinimumWidth = 220;
+constexpr int kEditDigits = 3;
+
+} // namespace
+
+CMainDialog::CMainDialog(const SDisplayConfigOptions& options_I,
+                         SMainDialogEnvironment environment_I, QWidget* parent_I)
+    : QDialog(parent_I), mOptions(options_I), mEnvironment(std::move(environment_I)) {
+    setObjectName(QStringLiteral("mainDialog"));
+    setWindowTitle(QStringLiteral("Empty Title"));
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    if (!mEnvironment.makeSecondaryDialogs) {
+        mEnvironment.makeSecondaryDialogs = CPlaceholderDialogs::Factory();
+    }
+    mInstanceName = mEnvironment.instanceName;
+    if (mInstanceName.isEmpty()) {
+        mInstanceName = Text(kTitleId) + QLatin1Char('-') + qEnvironmentVariable("USER");
+    }
+    mTaskTick.setInterval(kTaskTickMs);
+    BuildControls();
+}
+
+CMainDialog::~CMainDialog() {
+    // A second start ends without waiting for its discovery; the task must not outlive the
+    // object it writes into.
+    if (mConfigThread.Handle()) {
+        mConfigThread.WaitFor(std::numeric_limits<double>::infinity());
+    }
+    mSecondary.reset();
+}
+
+QString CMainDialog::Text(uint32_t id_I) const {
+    return QString::fromStdWString(
+        GetTableString(id_I, mOptions.language.mLanguage.languageId, true, ProgramResources()));
+}
+
+void CMainDialog::ApplyState(SControlState state_I, std::initializer_list<QWidget*> widgets_I) {
+    for (QWidget* widget : widgets_I) {
+        widget->setEnabled(state_I.visible && state_I.enabled);
+        widget->setVisible(state_I.visible);
+    }
+}
+
+void CMainDialog::BuildControls() {
+    auto makeLabel = [this](const char* name) {
+        auto* label = new QLabel(this);
+        label->setObjectName(QString::fromLatin1(name));
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        return label;
+    };
+    auto makeCombo = [this](const char* name) {
+        auto* combo = new QComboBox(this);
+        combo->setObjectName(QString::fromLatin1(name));
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        return combo;
+    };
+    auto makeButton = [this](const char* name) {
+        auto* button = new QPushButton(this);
+        button->setObjectName(QString::fromLatin1(name));
+        // Enter belongs to the edits, never to a button.
+        button->setAutoDefault(false);
+        return button;
+    };
+    auto makePair = [&](SSliderPair& pair, const char* label, const char* slider, const char* edit,
+                        int32_t* stored) {
+        pair.label = makeLabel(label);
+        pair.slider = new QSlider(Qt::Horizontal, this);
+        pair.slider->setObjectName(QString::fromLatin1(slider));
+        pair.slider->setMinimumWidth(kSliderMinimumWidth);
+        pair.edit = new QLineEdit(this);
+        pair.edit->setObjectName(QString::fromLatin1(edit));
+        pair.edit->setMaxLength(kEditDigits);
+        pair.edit->setValidator(new QRegularExpressionValidator(
+            QRegularExpression(QStringLiteral("[0-9]{0,3}")), pair.edit));
+        pair.edit->setFixedWidth(
+            pair.edit->fontMetrics().horizontalAdvance(QStringLiteral("00000")) + 16);
+        pair.edit->setAlignment(Qt::AlignRight);
+        pair.edit->installEventFilter(this);
+        pair.stored = stored;
+    };
+
+    mDisplayLabel = makeLabel("displayLabel");
+    QComboBox* displayCombo = makeCombo("displayCombo");
+    mDisplayCombo.Bind(displayCombo);
+    makePair(mBrightnessPair, "brightnessLabel", "brightnessSlider", "brightnessEdit",
+             &mBrightness);
+    makePair(mContrastPair, "contrastLabel", "contrastSlider", "contrastEdit", &mContrast);
+
+    mColorGroup = new QGroupBox(this);
+    mColorGroup->setObjectName(QStringLiteral("colorGroup"));
+    mColorSettingLabel = makeLabel("colorSettingLabel");
+    QComboBox* colorSettingCombo = makeCombo("colorSettingCombo");
+    mTemperatureLabel = makeLabel("temperatureLabel");
+    QComboBox* temperatureCombo = makeCombo("temperatureCombo");
+    mSpaceLabel = makeLabel("spaceLabel");
+    QComboBox* spaceCombo = makeCombo("spaceCombo");
+    mSetButton = makeButton("setButton");
+    mRgbLabel = new QLabel(this);
+    mRgbLabel->setObjectName(QStringLiteral("rgbLabel"));
+    mResetColorButton = makeButton("resetColorButton");
+    mGammaLabel = makeLabel("gammaLabel");
+    QComboBox* gammaCombo = makeCombo("gammaCombo");
+    mColorSettingCombo.Bind(colorSettingCombo);
+    mTemperatureCombo.Bind(temperatureCombo);
+    mSpaceCombo.Bind(spaceCombo);
+    mGammaCombo.Bind(gammaCombo);
+    mAdvancedButton = makeButton("advancedButton");
+    mRevertButton = makeButton("revertButton");
+    mSaveButton = makeButton("saveButton");
+
+    mMainGrid = new QGridLayout(this);
+    mMainGrid->setSizeConstraint(QLayout::SetFixedSize);
+    mMainGrid->setColumnStretch(1, 1);
+    int row = 0;
+    mMainGrid->addWidget(mDisplayLabel, row, 0);
+    mMainGrid->addWidget(displayCombo, row++, 1, 1, 2);
+    for (SSliderPair* pair : {&mBrightnessPair, &mContrastPair}) {
+        mMainGrid->addWidget(pair->label, row, 0);
+        mMainGrid->addWidget(pair->slider, row, 1);
+        mMainGrid->addWidget(pair->edit, row++, 2);
+    }
+    mColorGrid = new QGridLayout(mColorGroup);
+    mColorGrid->setColumnStretch(1, 1);
+    mColorGrid->addWidget(mColorSettingLabel, 0, 0);
+    mColorGrid->addWidget(colorSettingCombo, 0, 1, Qt::AlignLeft);
+    mColorGrid->addWidget(mTemperatureLabel, 1, 0);
+    mColorGrid->addWidget(temperatureCombo, 1, 1, Qt::AlignLeft);
+    mColorGrid->addWidget(mSpaceLabel, 2, 0);
+    mColorGrid->addWidget(spaceCombo, 2, 1, Qt::AlignLeft);
+    auto* customRow = new QHBoxLayout;
+    customRow->addWidget(mSetButton);
+    customRow->addWidget(mRgbLabel, 1);
+    mColorGrid->addLayout(customRow, 3, 1);
+    mColorGrid->addWidget(mResetColorButton, 4, 1, Qt::AlignLeft);
+    mMainGrid->addWidget(mColorGroup, row++, 0, 1, 3);
+    mMainGrid->addWidget(mGammaLabel, row, 0);
+    mMainGrid->addWidget(gammaCombo, row++, 1, Qt::AlignLeft);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(mAdvancedButton);
+    buttons->addStretch(1);
+    buttons->addWidget(mRevertButton);
+    buttons->addWidget(mSaveButton);
+    mMainGrid->addLayout(buttons, row, 0, 1, 3);
+
+    connect(displayCombo, &QComboBox::activated, this, [this] { SelectDisplay(); });
+    connect(colorSettingCombo, &QComboBox::activated, this, [this] { OnColorSettingChanged(); });
+    connect(temperatureCombo, &QComboBox::activated, this, [this] { OnTemperatureChanged(); });
+    connect(spaceCombo, &QComboBox::activated, this, [this] { OnSpaceChanged(); });
+    connect(gammaCombo, &QComboBox::activated, this, [this] { OnGammaChanged(); });
+    connect(mSetButton, &QPushButton::clicked, this, [this] { OnSet(); });
+    connect(mResetColorButton, &QPushButton::clicked, this, [this] { DoResetColor(); });
+    connect(mSaveButton, &QPushButton::clicked, this, [this] { OnSave(); });
+    connect(mRevertButton, &QPushButton::clicked, this, [this] { OnRevert(); });
+    connect(mAdvancedButton, &QPushButton::clicked, this, [this] { OnAdvanced(); });
+    for (ESlider kind : {eBrightnessSlider, eContrastSlider}) {
+        SSliderPair& pair = kind == eBrightnessSlider ? mBrightnessPair : mContrastPair;
+        connect(pair.slider, &QSlider::actionTriggered, this,
+                [this, kind](int action) { OnSliderAction(kind, action); });
+        connect(pair.slider, &QSlider::sliderReleased, this,
+                [this, kind, &pair] { CommitEvent(kind, pair.slider->sliderPosition()); });
+    }
+    connect(mBrightnessPair.edit, &QLineEdit::returnPressed, this, [this] {
+        CommitBrightnessEdit();
+        mBrightnessPair.edit->selectAll();
+    });
+    connect(mContrastPair.edit, &QLineEdit::returnPressed, this, [this] {
+        CommitContrastEdit();
+        mContrastPair.edit->selectAll();
+    });
+}
+
+void CMainDialog::SetStaticTexts() {
+    const std::pair<QWidget*, uint32_t> texts[] = {
+        {mDisplayLabel, kDisplayLabelId},
+        {mBrightnessPair.label, kBrightnessLabelId},
+        {mContrastPair.label, kContrastLabelId},
+        {mColorSettingLabel, kColorSettingLabelId},
+        {mTemperatureLabel, kTemperatureLabelId},
+        {mSpaceLabel, kSpaceLabelId},
+        {mSetButton, kSetButtonId},
+        {mResetColorButton, kResetColorButtonId},
+        {mRgbLabel, kRgbLabelId},
+        {mGammaLabel, kGammaLabelId},
+        {mAdvancedButton, kAdvancedButtonId},
+        {mRevertButton, kRevertButtonId},
+        {mSaveButton, kSaveButtonId},
+    };
+    for (const auto& [widget, id] : texts) {
+        if (auto* label = qobject_cast<QLabel*>(widget)) {
+            label->setText(Text(id));
+        } else if (auto* button = qobject_cast<QPushButton*>(widget)) {
+            button->setText(Text(id));
+        }
+    }
+    // The labels inside the colour box line up with those outside it.
+    int labelWidth = 0;
+    for (QLabel* label : {mDisplayLabel, mBrightnessPair.label, mContrastPair.label,
+                          mColorSettingLabel, mTemperatureLabel, mSpaceLabel, mGammaLabel}) {
+        labelWidth = std::max(labelWidth, label->sizeHint().width());
+    }
+    const QMargins inner = mColorGroup->contentsMargins() + mColorGrid->contentsMargins();
+    mMainGrid->setColumnMinimumWidth(0, labelWidth + inner.left());
+    mColorGrid->setColumnMinimumWidth(0, labelWidth);
+}
+
+int CMainDialog::Run() {
+    if (!OnInitDialog()) {
+        return mResult;
+    }
+    QEventLoop loop;
+    mRunLoop = &loop;
+    if (!mEnded) {
+        loop.exec();
+    }
+    return mResult;
+}
+
+void CMainDialog::EndDialog(int result_I) {
+    mEnded = true;
+    mResult = result_I;
+    hide();
+    if (mRunLoop) {
+        mRunLoop->quit();
+    }
+}
+
+bool CMainDialog::OnInitDialog() {
+    CScopeTimer timer("TIME: CMainDialog::OnInitDialog");
+    mConfigThread.Create(&CMainDialog::DisplayConfigThread,
+                         "(LPTHREAD_START_ROUTINE)CMainDialog::DisplayConfigThread", this);
+    ReadStoredPosition();
+    if (RaiseRunningInstance()) {
+        EndDialog(0);
+        return false;
+    }
+    ListenForSecondStarts();
+    setWindowTitle(Text(kTitleId));
+    SetStaticTexts();
+    mTaskTick.start();
+    std::unique_ptr<QDialog> waitWindow = ShowWaitWindow();
+    if (waitWindow) {
+        PumpUntilEnded(mConfigThread);
+        waitWindow->showMinimized();
+        waitWindow.reset();
+    }
+    mTaskTick.stop();
+    mConfigThread.Close();
+
+    if (!mDisplayConfigIF && mConfigError.empty()) {
+        ShowErrorWindow(QStringLiteral("Could not configure display."));
+        EndDialog(0);
+        return false;
+    }
+    if (!mConfigError.empty()) {
+        ShowErrorWindow(QString::fromStdString(mConfigError));
+        EndDialog(0);
+        return false;
+    }
+    mSecondary = mEnvironment.makeSecondaryDialogs(mOptions, *mDisplayConfigIF, *this);
+    if (mDisplayConfigIF->DisplayNames().empty()) {
+        Trace("No supported displays. Ending OSD\n");
+        EndDialog(0);
+        ShowNotSupportedWindow();
+        return false;
+    }
+    FillDisplayCombo();
+    PlaceWindow();
+    PrepareCurrentDisplay(false);
+    auto* hotKey = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+R")), this);
+    hotKey->setContext(Qt::ApplicationShortcut);
+    connect(hotKey, &QShortcut::activated, this, [this] { DoFactoryReset(true); });
+    return true;
+}
+
+void CMainDialog::FillDisplayCombo() {
+    mDisplayCombo.Clear();
+    const std::vector<std::wstring> names = mDisplayConfigIF->DisplayNames();
+    for (size_t i = 0; i < names.size(); ++i) {
+        mDisplayCombo.Add(static_cast<int>(i), QString::fromStdWString(names[i]));
+    }
+    mDisplayCombo.Select(0);
+    mDisplayConfigIF->SetCurrentDisplay(0);
+}
+
+// The colour slot the main dialog shows is Gain.
+void CMainDialog::PrepareCurrentDisplay(bool refresh_I) {
+    if (std::shared_ptr<UiDisplayDelegate> display = Display()) {
+        display->LoadColorMods(eColorMod_Gain);
+        display->SelectColorMod(eColorMod_Gain);
+        display->GetCustomRGBColorMod(refresh_I);
+    }
+    UpdateControls();
+}
+
+void CMainDialog::ClearColorCombos() {
+    mColorSettingCombo.Clear();
+    mTemperatureCombo.Clear();
+    mSpaceCombo.Clear();
+    mGammaCombo.Clear();
+}
+
+void CMainDialog::ReadStoredPosition() {
+    QSettings settings(QString::fromLatin1(kSettingsOrganisation),
+                       QString::fromLatin1(kSettingsApplication));
+    settings.beginGroup(QString::fromLatin1(kLocationGroup));
+    bool okX = false;
+    bool okY = false;
+    const qlonglong x = settings.value(QStringLiteral("X")).toLongLong(&okX);
+    const qlonglong y = settings.value(QStringLiteral("Y")).toLongLong(&okY);
+    if (!okX || !okY) {
+        mUseDefaultPosition = true;
+        if (gTraceEnabled) {
+            Trace("Using default app position\n");
+        }
+        return;
+    }
+    mLastX = x;
+    mLastY = y;
+    if (gTraceEnabled) {
+        // The line prints X and X's upper half, as the stored pair lies in memory.
+        Trace("Last user loc: %i,%i\n", static_cast<int32_t>(mLastX),
+              static_cast<int32_t>(static_cast<uint64_t>(mLastX) >> 32));
+    }
+}
+
+bool CMainDialog::RaiseRunningInstance() {
+    QLocalSocket socket;
+    socket.connectToServer(mInstanceName);
+    if (!socket.waitForConnected(0) && socket.state() != QLocalSocket::ConnectedState) {
+        return false;
+    }
+    socket.write(kRaiseRequest);
+    socket.waitForBytesWritten();
+    socket.disconnectFromServer();
+    return true;
+}
+
+void CMainDialog::ListenForSecondStarts() {
+    mInstanceServer = new QLocalServer(this);
+    QLocalServer::removeServer(mInstanceName);
+    if (!mInstanceServer->listen(mInstanceName)) {
+        Trace("CMainDialog - no single-instance channel: %s\n",
+              mInstanceServer->errorString().toStdString().c_str());
+        return;
+    }
+    connect(mInstanceServer, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket* caller = mInstanceServer->nextPendingConnection()) {
+            connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
+            if (!mEnded && isVisible()) {
+                raise();
+                activateWindow();
+            }
+        }
+    });
+}
+
+// The screen that shows the current display: by connector name, then by EDID serial number.
+static QScreen* ScreenOfDisplay(const SDisplayInfo& info_I) {
+    const QString deviceId = QString::fromStdWString(info_I.deviceID).toUpper();
+    const QString serial = QString::fromStdWString(info_I.serialNumber);
+    for (QScreen* screen : QGuiApplication::screens()) {
+        const QString name = screen->name().toUpper();
+        if (!name.isEmpty() && (deviceId.endsWith(QLatin1Char('-') + name) ||
+                                deviceId.endsWith(QLatin1Char('\\') + name))) {
+            return screen;
+        }
+    }
+    for (QScreen* screen : QGuiApplication::screens()) {
+        if (!serial.isEmpty() && screen->serialNumber() == serial) {
+            return screen;
+        }
+    }
+    return nullptr;
+}
+
+void CMainDialog::PlaceWindow() {
+    QScreen* screen = nullptr;
+    if (!mUseDefaultPosition && !mDisplayConfigIF->CurrentMonitor().empty()) {
+        screen = ScreenOfDisplay(mDisplayConfigIF->CurrentDisplayInfo());
+    }
+    if (screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    adjustSize();
+    const QRect work = screen != nullptr ? screen->availableGeometry() : QRect();
+    const QRect frame = frameGeometry();
+    const int width = frame.width();
+    const int height = frame.height();
+    QRect placed(work.left() + 10, work.bottom() + 1 - height, width, height);
+
+    QPoint position(0, 0);
+    if (!mUseDefaultPosition && screen != nullptr) {
+        const QRect virtualScreen = screen->virtualGeometry();
+        const int64_t left = virtualScreen.left();
+        const int64_t top = virtualScreen.top();
+        const int64_t right = left + virtualScreen.width();
+        const int64_t bottom = top + virtualScreen.height();
+        if (mLastX + width > left && mLastX < right && mLastY + height > top && mLastY < bottom) {
+            position = QPoint(static_cast<int>(mLastX), static_cast<int>(mLastY));
+        }
+    }
+    move(position);
+    show();
+    placed.moveTopLeft(position);
+    mSecondary->Place(placed);
+}
+
+void CMainDialog::reject() {
+    CloseSequence();
+}
+
+void CMainDialog::done(int result_I) {
+    EndDialog(result_I);
+}
+
+void CMainDialog::closeEvent(QCloseEvent* event_I) {
+    event_I->ignore();
+    if (!mEnded) {
+        CloseSequence();
+    }
+}
+
+void CMainDialog::CloseSequence() {
+    const QPoint topLeft = frameGeometry().topLeft();
+    {
+        QSettings settings(QString::fromLatin1(kSettingsOrganisation),
+                           QString::fromLatin1(kSettingsApplication));
+        settings.beginGroup(QString::fromLatin1(kLocationGroup));
+        settings.setValue(QStringLiteral("X"), static_cast<int32_t>(topLeft.x()));
+        settings.setValue(QStringLiteral("Y"), static_cast<int32_t>(topLeft.y()));
+    }
+    if (std::shared_ptr<UiDisplayDelegate> display = Display()) {
+        display->RevertSettings();
+    }
+    if (mSecondary) {
+        mSecondary->CloseAdvanced();
+    }
+    EndDialog(1);
+}
+
+void CMainDialog::SelectDisplay() {
+    const int index = mDisplayCombo.Selected();
+    if (mDisplayConfigIF->IsCurrentDisplay(index)) {
+        return;
+    }
+    const bool advancedVisible = mSecondary->AdvancedVisible();
+    if (advancedVisible) {
+        mSecondary->HideAdvanced();
+    }
+    hide();
+    if (std::shared_ptr<UiDisplayDelegate> old = Display()) {
+        old->RevertSettings();
+        old->ResetOptions(true);
+    }
+    mDisplayConfigIF->SetCurrentDisplay(index);
+    if (std::shared_ptr<UiDisplayDelegate> display = Display()) {
+        display->ResetOptions(true);
+    }
+    PlaceWindow();
+    ClearColorCombos();
+    PrepareCurrentDisplay(true);
+    if (mSecondary->AdvancedExists()) {
+        mSecondary->RefreshAdvanced();
+    }
+    show();
+    if (advancedVisible) {
+        mSecondary->ShowAdvanced(false);
+    }
+}
+
+void CMainDialog::CloseAllDialogs() {
+    if (mSecondary) {
+        mSecondary->CloseColorDialog(false);
+        mSecondary->CloseAdvanced();
+    }
+    EndDialog(0);
+}
+
+void CMainDialog::ShowCommunicationError(bool exit_I) {
+    std::shared_ptr<UiDisplayDelegate> display = Display();
+    const std::string lastError = display ? display->GetLastErrorText() : std::string();
+    QString text;
+    if (exit_I) {
+        CloseAllDialogs();
+        text = Text(kExitingId) + QLatin1Char('\n');
+    }
+    text += Text(kTalkErrorId);
+    if (!lastError.empty()) {
+        text += QLatin1Char(' ') + QString::fromStdString(lastError);
+    }
+    QMessageBox box(QMessageBox::Critical, Text(kTitleId), text, QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("communicationError"));
+    ExecModal(box, EModal::eCommunicationError);
+}
+
+int CMainDialog::ExecModal(QDialog& window_I, EModal) {
+    return window_I.exec();
+}
+
+void CMainDialog::WaitWindowShown(QWidget&) {}
+
+std::unique_ptr<QDialog> CMainDialog::ShowWaitWindow() {
+    std::unique_ptr<QDialog> window = MakeWaitWindow(Text(kWaitTextId), this);
+    window->show();
+    WaitWindowShown(*window);
+    return window;
+}
+
+void CMainDialog::ShowNotSupportedWindow() {
+    std::unique_ptr<QDialog> window = MakeNotSupportedWindow(
+        Text(kNotSupportedFirstId), Text(kNotSupportedSecondId), Text(kOkId));
+    ExecModal(*window, EModal::eNotSupportedWindow);
+}
+
+void CMainDialog::ShowErrorWindow(const QString& text_I) {
+    std::unique_ptr<QDialog> window = MakeErrorWindow(text_I, Text(kOkId));
+    ExecModal(*window, EModal::eErrorWindow);
+}
+
+std::shared_ptr<UiDisplayDelegate> CMainDialog::Display() const {
+    return mDisplayConfigIF ? mDisplayConfigIF->CurrentDisplay() : nullptr;
+}
+
+bool CMainDialog::eventFilter(QObject* watched_I, QEvent* event_I) {
+    if (event_I->type() == QEvent::FocusOut) {
+        // Focus that leaves with the window (a question box coming up) is no commit.
+        const auto reason = static_cast<QFocusEvent*>(event_I)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && !mEnded) {
+            if (watched_I == mBrightnessPair.edit) {
+                CommitBrightnessEdit();
+            } else if (watched_I == mContrastPair.edit) {
+                CommitContrastEdit();
+            }
+        }
+    }
+    return QDialog::eventFilter(watched_I, event_I);
+}

@@ -1,0 +1,207 @@
+#pragma once
+// The main dialog: starts discovery behind a wait window, shows the current display's brightness,
+// contrast and colour settings, remembers where the user left it and ends the program. Every
+// control is a thin view of the current display's delegate; the long tasks (discovery, factory
+// and colour reset) run on one worker at a time while this thread keeps its events turning.
+
+#include "app/CComboValues.h"
+#include "app/ISecondaryDialogs.h"
+#include "discovery/CDisplayConfigInterface.h"
+#include "discovery/SDisplayConfigOptions.h"
+#include "foundation/CSignalThread.h"
+#include "model/SControlState.h"
+#include "model/UserSettings.h"
+
+#include <QDialog>
+#include <QEventLoop>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <string>
+
+class QLabel;
+class QLineEdit;
+class QLocalServer;
+class QPushButton;
+class QSlider;
+class QGroupBox;
+class QGridLayout;
+class UiDisplayDelegate;
+
+// What the dialog is given besides the options: where displays come from, who makes the two
+// other dialogs, and the name under which a running instance answers a second start.
+struct SMainDialogEnvironment {
+    std::shared_ptr<IDisplayPlatform> platform;
+    SecondaryDialogsFactory makeSecondaryDialogs;
+    // Empty: the product's title and the user's name.
+    QString instanceName;
+};
+
+class CMainDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    // The windows that run a loop of their own until answered.
+    enum class EModal {
+        eDarkQuestion,
+        eFactoryResetQuestion,
+        eCommunicationError,
+        eErrorWindow,
+        eNotSupportedWindow
+    };
+    enum ESlider { eBrightnessSlider, eContrastSlider };
+    static constexpr int kDarkQuestionTimeoutMs = 5000;
+    static constexpr int kTaskTickMs = 100;
+
+    CMainDialog(const SDisplayConfigOptions& options_I, SMainDialogEnvironment environment_I,
+                QWidget* parent_I = nullptr);
+    ~CMainDialog() override;
+
+    // The modal run: set-up, then events until the dialog ends. The result is the exit code.
+    int Run();
+    // The set-up alone; false when it already ended the dialog.
+    bool OnInitDialog();
+    bool Ended() const { return mEnded; }
+    int Result() const { return mResult; }
+    void EndDialog(int result_I);
+
+    // Called by the other dialogs and the background tasks.
+    void UpdateControls();
+    void UpdateSaveRevert();
+    void ShowCommunicationError(bool exit_I);
+    void DoFactoryReset(bool skipConfirmation_I);
+    void DoResetColor();
+    void CloseAllDialogs();
+
+    CDisplayConfigInterface* DisplayConfigIF() const { return mDisplayConfigIF.get(); }
+    ISecondaryDialogs* SecondaryDialogs() const { return mSecondary.get(); }
+    const QString& InstanceName() const { return mInstanceName; }
+    // The delay after which the dark-settings question answers No by itself.
+    void SetDarkQuestionTimeout(int milliseconds_I) { mDarkQuestionTimeoutMs = milliseconds_I; }
+
+protected:
+    // Every window that waits for an answer runs through here; tests answer in its place.
+    virtual int ExecModal(QDialog& window_I, EModal kind_I);
+    // The wait window has just been shown.
+    virtual void WaitWindowShown(QWidget& window_I);
+    void reject() override;
+    void done(int result_I) override;
+    void closeEvent(QCloseEvent* event_I) override;
+    bool eventFilter(QObject* watched_I, QEvent* event_I) override;
+
+private:
+    struct SSliderPair {
+        QLabel* label = nullptr;
+        QSlider* slider = nullptr;
+        QLineEdit* edit = nullptr;
+        int32_t* stored = nullptr;
+    };
+
+    // Set-up.
+    void BuildControls();
+    void SetStaticTexts();
+    void ReadStoredPosition();
+    bool RaiseRunningInstance();
+    void ListenForSecondStarts();
+    void FillDisplayCombo();
+    void PrepareCurrentDisplay(bool refresh_I);
+    void ClearColorCombos();
+
+    // Placement and the close sequence.
+    void PlaceWindow();
+    void CloseSequence();
+    void SelectDisplay();
+
+    // Controls.
+    std::shared_ptr<UiDisplayDelegate> Display() const;
+    void FillColorCombos(UiDisplayDelegate& display_I);
+    void UpdateSlider(ESlider slider_I, SControlState state_I, int32_t fallback_I);
+    void SetRgbLabel(UiDisplayDelegate& display_I);
+    bool ApplySlider(ESlider slider_I, int32_t value_I);
+    void OnSliderAction(ESlider slider_I, int action_I);
+    void LiveEvent(ESlider slider_I, int32_t value_I);
+    void CommitEvent(ESlider slider_I, int32_t value_I);
+    void CommitBrightnessEdit();
+    void CommitContrastEdit();
+    bool ConfirmDarkSettings(ESlider slider_I, int32_t value_I);
+    void OnColorSettingChanged();
+    void OnTemperatureChanged();
+    void OnSpaceChanged();
+    void OnGammaChanged();
+    void OnSet();
+    void OnSave();
+    void OnRevert();
+    void OnAdvanced();
+
+    // Background tasks.
+    static uint32_t DisplayConfigThread(void* context_I);
+    static uint32_t FactoryResetThread(void* context_I);
+    static uint32_t ResetColorThread(void* context_I);
+    static uint32_t ResetColorConfigThread(void* context_I);
+    void RunDisplayConfig();
+    void ResetColorConfig();
+    // Pumps events behind the wait window: when A ends B starts, when B ends the pump returns.
+    void PumpTask(WinUtils::CSignalThread& threadA_IO, WinUtils::CSignalThread& threadB_IO,
+                  WinUtils::CSignalThread::Routine routineB_I, const char* labelB_I);
+    // Pumps until the one thread ends.
+    void PumpUntilEnded(WinUtils::CSignalThread& thread_IO);
+    bool ConfirmFactoryReset();
+
+    // The three captionless windows.
+    std::unique_ptr<QDialog> ShowWaitWindow();
+    void ShowNotSupportedWindow();
+    void ShowErrorWindow(const QString& text_I);
+
+    QString Text(uint32_t id_I) const;
+    static void ApplyState(SControlState state_I, std::initializer_list<QWidget*> widgets_I);
+
+    SDisplayConfigOptions mOptions;
+    SMainDialogEnvironment mEnvironment;
+    QString mInstanceName;
+    std::unique_ptr<ISecondaryDialogs> mSecondary;
+    // Written by the discovery task, read here only after that task has ended.
+    std::unique_ptr<CDisplayConfigInterface> mDisplayConfigIF;
+    std::string mConfigError;
+    WinUtils::CSignalThread mConfigThread;
+
+    int32_t mBrightness = 75;
+    int32_t mContrast = 50;
+    bool mBusy = false;
+    bool mUseDefaultPosition = false;
+    int64_t mLastX = 0;
+    int64_t mLastY = 0;
+    int mDarkQuestionTimeoutMs = kDarkQuestionTimeoutMs;
+    bool mEnded = false;
+    int mResult = 0;
+    QPointer<QEventLoop> mRunLoop;
+    QTimer mTaskTick;
+    QLocalServer* mInstanceServer = nullptr;
+
+    CComboValues<int> mDisplayCombo;
+    CComboValues<EColorSetting> mColorSettingCombo;
+    CComboValues<EColorTemperature> mTemperatureCombo;
+    CComboValues<EColorSpace> mSpaceCombo;
+    CComboValues<int32_t> mGammaCombo;
+
+    QGridLayout* mMainGrid = nullptr;
+    QGridLayout* mColorGrid = nullptr;
+    QLabel* mDisplayLabel = nullptr;
+    SSliderPair mBrightnessPair;
+    SSliderPair mContrastPair;
+    QGroupBox* mColorGroup = nullptr;
+    QLabel* mColorSettingLabel = nullptr;
+    QLabel* mTemperatureLabel = nullptr;
+    QLabel* mSpaceLabel = nullptr;
+    QPushButton* mSetButton = nullptr;
+    QLabel* mRgbLabel = nullptr;
+    QPushButton* mResetColorButton = nullptr;
+    QLabel* mGammaLabel = nullptr;
+    QPushButton* mAdvancedButton = nullptr;
+    QPushButton* mRevertButton = nullptr;
+    QPushButton* mSaveButton = nullptr;
+};
