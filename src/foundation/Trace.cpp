@@ -14,7 +14,12 @@ bool gAssertsEnabled = false;
 
 namespace {
 std::atomic<TraceObserver> gTraceObserver{nullptr};
+std::atomic<DebugOutputSink> gDebugOutputSink{nullptr};
 } // namespace
+
+DebugOutputSink SetDebugOutputSink(DebugOutputSink sink) {
+    return gDebugOutputSink.exchange(sink);
+}
 
 void SetTraceObserver(TraceObserver observer) {
     gTraceObserver.store(observer);
@@ -38,7 +43,11 @@ int Trace(const char* format, ...) {
     }
     std::vsnprintf(buffer.get(), static_cast<size_t>(length) + 1, format, args);
     va_end(args);
-    WriteDebugOutput(buffer.get(), static_cast<size_t>(length));
+    if (const DebugOutputSink sink = gDebugOutputSink.load()) {
+        sink(buffer.get(), static_cast<size_t>(length));
+    } else {
+        WriteDebugOutput(buffer.get(), static_cast<size_t>(length));
+    }
     if (const TraceObserver observer = gTraceObserver.load()) {
         observer(buffer.get(), static_cast<size_t>(length));
     }

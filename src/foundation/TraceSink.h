@@ -10,3 +10,9 @@ void WriteDebugOutput(const char* text, size_t length);
 // the lines of several threads as they come; null removes the observer.
 using TraceObserver = void (*)(const char* text, size_t length);
 void SetTraceObserver(TraceObserver observer);
+
+// Takes the place of the debug output for the whole process, for a program whose standard error
+// belongs to its user; the observer and the trace file still see every line. Null restores
+// standard error. Returns the sink it replaces.
+using DebugOutputSink = void (*)(const char* text, size_t length);
+DebugOutputSink SetDebugOutputSink(DebugOutputSink sink);

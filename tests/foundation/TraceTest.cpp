@@ -1,4 +1,5 @@
 #include "foundation/Trace.h"
+#include "foundation/TraceSink.h"
 
 #include <gtest/gtest.h>
 
@@ -46,4 +47,24 @@ TEST(Trace, AssertionPrintsOnlyWhenEnabledAndNeverStops) {
     EXPECT_NE(written.find("Assert:(failing()) in "), std::string::npos);
     EXPECT_NE(written.find("Assert:(\"Oops - Number of physical monitors is zero\") in "),
               std::string::npos);
+}
+
+namespace {
+std::string gSunk;
+void Sink(const char* text, size_t length) {
+    gSunk.append(text, length);
+}
+} // namespace
+
+TEST(Trace, ASinkTakesThePlaceOfStandardErrorUntilRemoved) {
+    gSunk.clear();
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(SetDebugOutputSink(&Sink), nullptr);
+    Trace("quiet %d\n", 1);
+    EXPECT_EQ(SetDebugOutputSink(nullptr), &Sink);
+    Trace("loud %d\n", 2);
+    const std::string written = testing::internal::GetCapturedStderr();
+
+    EXPECT_EQ(gSunk, "quiet 1\n");
+    EXPECT_EQ(written, "loud 2\n");
 }

@@ -1,0 +1,312 @@
+#include "CliRun.h"
+#include "JsonReader.h"
+
+#include "cli/SettingsTable.h"
+#include "foundation/TimeSeam.h"
+#include "foundation/Trace.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr const char kEveryChannel[] =
+    "ElmLarge@video,Hazel@hid,Birch@ftdi,Aspen@serial,CedarSmall@ti";
+
+SJson Json(const std::string& text_I) {
+    const std::optional<SJson> json = ParseJson(text_I);
+    EXPECT_TRUE(json.has_value()) << text_I;
+    return json.value_or(SJson{});
+}
+
+const SJson& Setting(const SJson& get_I, const std::string& name_I) {
+    for (const SJson& setting : get_I["settings"].items) {
+        if (setting["name"].text == name_I) {
+            return setting;
+        }
+    }
+    static const SJson kMissing;
+    return kMissing;
+}
+
+} // namespace
+
+TEST_F(CliTest, ListNamesEveryDisplayWithItsChannelAndKeepsTracesOffStandardError) {
+    const SCliRun run = Run({"--simulate", kEveryChannel, "list", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    const SJson list = Json(run.out);
+    const char* channels[] = {"video", "hid", "ftdi", "serial", "ti"};
+    ASSERT_EQ(list["displays"].items.size(), 5u);
+    for (size_t index = 0; index < 5; ++index) {
+        const SJson& display = list["displays"][index];
+        SCOPED_TRACE(Sim(index).Model().name);
+        EXPECT_EQ(display["index"].Int(), static_cast<int>(index));
+        EXPECT_EQ(display["serial"].text, Sim(index).SerialNumber());
+        EXPECT_EQ(display["edidNumber"].Int(), Sim(index).EdidNumber());
+        EXPECT_EQ(display["channel"].text, channels[index]);
+        EXPECT_FALSE(display["name"].text.empty());
+        EXPECT_FALSE(display["model"].text.empty());
+    }
+
+    const SCliRun text = Run({"--simulate", kEveryChannel, "list"});
+    ASSERT_EQ(text.exit, 0);
+    std::istringstream lines(text.out);
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_TRUE(line.starts_with("#  NAME"));
+    for (size_t index = 0; index < 5; ++index) {
+        ASSERT_TRUE(std::getline(lines, line));
+        EXPECT_TRUE(line.starts_with(std::to_string(index) + " "));
+        EXPECT_NE(line.find(list["displays"][index]["serial"].text), std::string::npos);
+        EXPECT_NE(line.find(std::string(" ") + channels[index] + " "), std::string::npos);
+    }
+}
+
+TEST_F(CliTest, ModeLimitsDiscoveryToItsChannels) {
+    struct SRow {
+        const char* mode;
+        std::vector<std::string> channels;
+    };
+    const SRow rows[] = {
+        {"all", {"video", "hid", "ftdi", "serial", "ti"}},
+        {"hid", {"hid"}},
+        {"video", {"video"}},
+        // The legacy walk looks at every channel listed, the HID channel included.
+        {"ftdi", {"hid", "ftdi", "serial", "ti"}},
+    };
+    for (const SRow& row : rows) {
+        SCOPED_TRACE(row.mode);
+        const SCliRun run =
+            Run({"--simulate", kEveryChannel, "--mode", row.mode, "list", "--json"});
+        ASSERT_EQ(run.exit, 0) << run.err;
+        std::vector<std::string> channels;
+        const SJson list = Json(run.out);
+        for (const SJson& display : list["displays"].items) {
+            channels.push_back(display["channel"].text);
+        }
+        EXPECT_EQ(channels, row.channels) << run.out;
+    }
+}
+
+TEST_F(CliTest, DebugSendsTracesAndTheTimingToStandardError) {
+    const uint64_t sleptBefore = TotalRequestedSleepMs();
+    const SCliRun run = Run({"--simulate", "Hazel@hid", "list", "--debug"});
+    ASSERT_EQ(run.exit, 0);
+    EXPECT_NE(run.err.find("GetNextMonitorID"), std::string::npos);
+    const std::string waits =
+        "protocol waits " + std::to_string(TotalRequestedSleepMs() - sleptBefore) + ".0 ms";
+    EXPECT_NE(run.err.find(waits), std::string::npos) << run.err;
+    EXPECT_FALSE(gTraceEnabled);
+}
+
+TEST_F(CliTest, GetAllReportsWhatTheDisplayHoldsAndWhatItLacks) {
+    const SCliRun run = Run({"--simulate", "ElmLarge@video", "get", "all", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    const SJson get = Json(run.out);
+    ASSERT_EQ(get["settings"].items.size(), SettingsTable().size());
+
+    const SJson& brightness = Setting(get, "brightness");
+    EXPECT_TRUE(brightness["offered"].boolean);
+    EXPECT_EQ(brightness["value"].Int(), *Sim().Scaler().Current(0x10));
+    EXPECT_EQ(brightness["maximum"].Int(), 100);
+    // The Elm family keeps gamma in tenths.
+    EXPECT_EQ(Setting(get, "gamma")["value"].Int(), *Sim().Scaler().Current(0x72));
+    EXPECT_EQ(Setting(get, "fan-speed")["offered"].boolean, true);
+    // Power LED and battery mode belong to other families.
+    EXPECT_FALSE(Setting(get, "power-led")["offered"].boolean);
+    EXPECT_FALSE(Setting(get, "battery-mode")["offered"].boolean);
+    EXPECT_FALSE(Setting(get, "power-led").Has("value"));
+}
+
+TEST_F(CliTest, SetWritesTheDisplayAndSavesOnlyWhenAsked) {
+    // Hazel keeps its brightness in the white backlight level.
+    SCliRun run = Run({"--simulate", "Hazel@hid", "set", "brightness", "41"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(run.out, "brightness = 41\n");
+    EXPECT_EQ(Sim().Scaler().Current(0x6B), 41);
+    EXPECT_NE(Sim().Scaler().Saved(0x6B), 41);
+
+    run = Run({"--simulate", "Hazel@hid", "set", "brightness", "42", "--save", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Saved(0x6B), 42);
+    EXPECT_TRUE(Json(run.out)["saved"].boolean);
+
+    run = Run({"--simulate", "ElmLarge@video", "set", "gamma", "2.4"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Current(0x72), 24);
+
+    run = Run({"--simulate", "Birch@ftdi", "set", "aspect-ratio", "1:1"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Current(0xE2), 2);
+}
+
+TEST_F(CliTest, CustomColourReadsAndWritesTheSlotsCodes) {
+    // The custom colour rows show while the display runs its custom colour preset.
+    mPrepare = [](CSimulatedPlatform& platform_I) {
+        platform_I.Display(0).Scaler().SetFromMenu(0xF0, 9);
+    };
+    SCliRun run = Run({"--simulate", "Birch@ftdi", "get", "rgb-gain", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    const SJson get = Json(run.out);
+    const SJson& gain = Setting(get, "rgb-gain");
+    EXPECT_EQ(gain["value"][0].Int(), *Sim().Scaler().Current(0x16));
+    EXPECT_EQ(gain["value"][2].Int(), *Sim().Scaler().Current(0x1A));
+
+    run = Run({"--simulate", "Birch@ftdi", "set", "rgb-gain", "10,20,30"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Current(0x16), 10);
+    EXPECT_EQ(Sim().Scaler().Current(0x18), 20);
+    EXPECT_EQ(Sim().Scaler().Current(0x1A), 30);
+}
+
+TEST_F(CliTest, EachFailureHasItsExitCodeAndOneLine) {
+    struct SRow {
+        std::vector<std::string> args;
+        int exit;
+        std::string message;
+    };
+    const SRow rows[] = {
+        {{"--simulate", "list", "--bogus"}, 1, "unknown option '--bogus'"},
+        {{"--simulate", "set", "brightness", "400"}, 1, "(0 to 100)"},
+        {{"--simulate", "get", "loudness"}, 1, "unknown setting 'loudness'"},
+        {{"--simulate", "Birch@warp", "list"}, 1, "bad simulation"},
+        {{"--simulate=", "list"}, 2, "no display found"},
+        {{"--simulate", "Birch@none", "get", "all"}, 2, "no display found"},
+        {{"--simulate", "-d", "2", "get", "all"}, 2, "no display 2 (found 2)"},
+        {{"--simulate", "Birch@ftdi", "get", "fan-speed"},
+         2,
+         "fan-speed is not offered by this display"},
+        {{"--simulate", "Hazel@hid", "set", "gamma", "2.2"},
+         2,
+         "gamma is not offered by this display"},
+        {{"--simulate", "getvcp", "C0"}, 2, "VCP code 0xC0 is not offered by this display"},
+        {{"--simulate", "ElmLarge@video", "set", "space", "srgb"},
+         2,
+         "space is not offered by this display while color-setting is temperature"},
+        {{"--simulate", "CedarSmall@ti", "reset-color"}, 2, "offers no colour reset"},
+        {{"--simulate", "ElmLarge@video", "condition-lcd", "--yes"},
+         2,
+         "offers no LCD conditioning"},
+        {{"--simulate", "ElmLarge@video:fault=silence*forever", "list"}, 2, "no display found"},
+    };
+    for (const SRow& row : rows) {
+        const SCliRun run = Run(row.args);
+        SCOPED_TRACE(row.args[1]);
+        EXPECT_EQ(run.exit, row.exit);
+        EXPECT_TRUE(IsOneErrorLine(run.err)) << run.err;
+        EXPECT_NE(run.err.find(row.message), std::string::npos) << run.err;
+    }
+}
+
+TEST_F(CliTest, AWriteLostInTheMiddleOfSetIsACommunicationFailure) {
+    // Only Set VCP Feature is long enough to reach byte 7, so every read still works.
+    const SCliRun run =
+        Run({"--simulate", "ElmLarge@video:fault=nack7*forever", "set", "brightness", "40"});
+    EXPECT_EQ(run.exit, 3);
+    EXPECT_TRUE(IsOneErrorLine(run.err)) << run.err;
+    EXPECT_NE(run.err.find("setting brightness failed"), std::string::npos);
+    EXPECT_NE(Sim().Scaler().Current(0x10), 40);
+    EXPECT_EQ(run.out, "");
+
+    const SCliRun raw =
+        Run({"--simulate", "ElmLarge@video:fault=nack7*forever", "setvcp", "10", "40"});
+    EXPECT_EQ(raw.exit, 3);
+    EXPECT_TRUE(IsOneErrorLine(raw.err)) << raw.err;
+}
+
+TEST_F(CliTest, ValueTheModelHasNoCellForIsNotOffered) {
+    // ElmSmall has no 7500K; with its temperature control shown the setter refuses it quietly.
+    mPrepare = [](CSimulatedPlatform& platform_I) {
+        platform_I.Display(0).Scaler().SetFromMenu(0xF0, 5);
+        platform_I.Display(0).Scaler().SetFromMenu(0x14, 8);
+    };
+    SCliRun run = Run({"--simulate", "ElmSmall@video", "get", "temperature"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    run = Run({"--simulate", "ElmSmall@video", "set", "temperature", "7500k"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_NE(run.err.find("does not offer temperature 7500k"), std::string::npos) << run.err;
+}
+
+TEST_F(CliTest, ResetsAskUnlessTold) {
+    SCliRun run = Run({"--simulate", "Birch@ftdi", "factory-reset"}, "n\n");
+    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 0);
+    EXPECT_NE(run.err.find("[y/N]"), std::string::npos);
+
+    run = Run({"--simulate", "Birch@ftdi", "factory-reset"}, "yes\n");
+    EXPECT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 1);
+
+    run = Run({"--simulate", "Birch@ftdi", "factory-reset", "--yes"});
+    EXPECT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 1);
+    EXPECT_EQ(run.err.find("[y/N]"), std::string::npos);
+
+    run = Run({"--simulate", "Birch@ftdi", "condition-lcd"}, "\n");
+    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(Sim().Scaler().Counters().conditionings, 0);
+    run = Run({"--simulate", "Birch@ftdi", "condition-lcd", "-y"});
+    EXPECT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Counters().conditionings, 1);
+
+    run = Run({"--simulate", "Birch@ftdi", "reset-color"});
+    EXPECT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Counters().colorResets, 1);
+
+    run = Run({"--simulate", "Birch@ftdi", "save", "--json"});
+    EXPECT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Sim().Scaler().Counters().saves, 1);
+    EXPECT_EQ(Json(run.out)["done"].text, "settings saved");
+}
+
+TEST_F(CliTest, RawFeaturesAreReadAndWrittenWithinWhatTheDisplayOffers) {
+    SCliRun run = Run({"--simulate", "getvcp", "0x12", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    SJson vcp = Json(run.out);
+    EXPECT_EQ(vcp["code"].Int(), 0x12);
+    EXPECT_EQ(vcp["value"].Int(), *Sim().Scaler().Current(0x12));
+
+    run = Run({"--simulate", "-d", "1", "setvcp", "6B", "0x21", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Json(run.out)["value"].Int(), 0x21);
+    EXPECT_EQ(Sim(1).Scaler().Current(0x6B), 0x21);
+
+    // 0x14 takes only the presets its capability string lists.
+    run = Run({"--simulate", "ElmLarge@video", "setvcp", "14", "2"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_NE(Sim().Scaler().Current(0x14), 2);
+    run = Run({"--simulate", "getvcp", "1FF"});
+    EXPECT_EQ(run.exit, 1);
+    // Restore Factory Defaults is a trigger with nothing to read.
+    run = Run({"--simulate", "getvcp", "04"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_NE(run.err.find("0x04 can only be written"), std::string::npos) << run.err;
+}
+
+TEST_F(CliTest, CapabilitiesShowTheStringAndTheSessionsReadingOfIt) {
+    const SCliRun run = Run({"--simulate", "Birch@ftdi", "capabilities", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    const SJson caps = Json(run.out);
+    EXPECT_EQ(caps["raw"].text, Sim().Scaler().CapabilityString());
+    EXPECT_TRUE(caps["keys"].Has("vcp"));
+    EXPECT_TRUE(caps["missingKeys"].items.empty());
+    EXPECT_FALSE(caps["commands"].items.empty());
+    bool luminance = false;
+    for (const SJson& code : caps["vcp"].items) {
+        luminance = luminance || (code["code"].Int() == 0x10 && code["kind"].text == "continuous");
+    }
+    EXPECT_TRUE(luminance);
+}
+
+TEST_F(CliTest, HelpListsTheCommandsAndEachCommandsOwnOptions) {
+    SCliRun run = Run({"--help"});
+    EXPECT_EQ(run.exit, 0);
+    for (const SCliCommandInfo& command : CliCommands()) {
+        EXPECT_NE(run.out.find(std::string("  ") + command.name + " "), std::string::npos);
+    }
+    run = Run({"set", "--help"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_NE(run.out.find("--save"), std::string::npos);
+    EXPECT_NE(run.out.find("rgb-saturation"), std::string::npos);
+    EXPECT_EQ(Run({"--version"}).out, "paneltunectl " PANELTUNE_VERSION "\n");
+}
