@@ -262,3 +262,17 @@ TEST_F(ControlsTest, ComboChoicesReachTheDisplay) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(ControlsTest, CommunicationErrorWithExitEndsTheDialog) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    Dialog().ShowCommunicationError(true);
+    EXPECT_TRUE(Dialog().Ended());
+    EXPECT_EQ(Dialog().Result(), 0);
+    ASSERT_EQ(Dialog().Count(CMainDialog::EModal::eCommunicationError), 1u);
+    EXPECT_TRUE(Dialog().mShown.back().text.startsWith(QStringLiteral(
+        "Communication Failure... Exiting...\nThere was an error talking to the display.")));
+}
+
+} // namespace
