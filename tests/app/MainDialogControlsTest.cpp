@@ -276,3 +276,19 @@ TEST_F(ControlsTest, CommunicationErrorWithExitEndsTheDialog) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(ControlsTest, LeavingAnEditCommitsIt) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    QApplication::setActiveWindow(&Dialog());
+    QLineEdit* brightness = Find<QLineEdit>("brightnessEdit");
+    brightness->setFocus(Qt::MouseFocusReason);
+    brightness->setText(QStringLiteral("47"));
+    ASSERT_NE(ScalerValue(0, 0x10), 47);
+    Find<QLineEdit>("contrastEdit")->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(ScalerValue(0, 0x10), 47);
+    EXPECT_EQ(Find<QSlider>("brightnessSlider")->value(), 47);
+}
+
+} // namespace
