@@ -48,7 +48,12 @@ void CDisplayConfigInterface::Init() {
         Trace("CWinDisplayConfigInterface::Init - mDisplayInfos size: %d\n",
               static_cast<int>(mDisplayInfos.size()));
     }
+    // Each record that has a monitor on the desktop takes its handle.
     for (SDisplayInfo& info : mDisplayInfos) {
+        if (verbose) {
+            Trace("CWinDisplayConfigInterface::MonitorEnumProc trying to match with %S\n",
+                  info.DeviceID().c_str());
+        }
         mPlatform->RefreshMonitor(info);
     }
     if (verbose) {
