@@ -6,13 +6,14 @@
 #include "foundation/Trace.h"
 #include "model/UiDisplayDelegate.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QShowEvent>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -98,7 +99,9 @@ CAdvancedDialog::CAdvancedDialog(const SDisplayConfigOptions& options_I,
     BuildWidgets();
 }
 
-CAdvancedDialog::~CAdvancedDialog() = default;
+CAdvancedDialog::~CAdvancedDialog() {
+    qApp->removeEventFilter(this);
+}
 
 std::shared_ptr<UiDisplayDelegate> CAdvancedDialog::Display() const {
     return mDisplayConfigIF != nullptr ? mDisplayConfigIF->CurrentDisplay() : nullptr;
@@ -211,13 +214,9 @@ void CAdvancedDialog::CreateWindow() {
     mOkButton->setText(Text(kOkId));
     mCancelButton->setText(Text(kCancelId));
     Refresh(false);
-    for (const SHotKey& hotKey : kHotKeys) {
-        auto* shortcut = new QShortcut(QKeySequence(hotKey.key), this);
-        shortcut->setContext(Qt::ApplicationShortcut);
-        connect(shortcut, &QShortcut::activated, this,
-                [this, step = hotKey.step] { OnSharpnessKey(step); });
-        mHotKeys.push_back(shortcut);
-    }
+    // Like system-wide hot keys, the keys reach the slider from every window of the program,
+    // also while this one is hidden.
+    qApp->installEventFilter(this);
     mSharpnessMaximum = mSharpnessSlider->maximum();
     mSharpnessMinimum = mSharpnessSlider->minimum();
 }
@@ -278,13 +277,13 @@ void CAdvancedDialog::Refresh(bool snapshot_I) {
         ApplyState(eRow_AutoPowerDown, d.AutoPowerDownStatus());
         ApplyState(eRow_DynamicContrast, d.DynamicContrastStatus(snapshot_I));
 
-        const auto select = [](CComboValues<int32_t>& combo_I, const SRow& row_I, auto result_I) {
+        const auto select = [](CComboValues<int32_t>& combo_I, const SRow& row_I, auto res) {
             if (!row_I.state.visible) {
                 return;
             }
-            VRX_ASSERT(result_I.valid);
-            if (result_I.valid) {
-                combo_I.Select(static_cast<int32_t>(result_I.value));
+            VRX_ASSERT(res.valid);
+            if (res.valid) {
+                combo_I.Select(static_cast<int32_t>(res.value));
             }
         };
         select(mAspectRatio, mRows[eRow_AspectRatio], d.GetAspectRatio());
@@ -292,18 +291,19 @@ void CAdvancedDialog::Refresh(bool snapshot_I) {
         select(mLedBrightness, mRows[eRow_PowerLed], d.GetPowerLedBrightness());
         select(mUniformity, mRows[eRow_Uniformity], d.GetUniformity());
         if (mRows[eRow_FanSpeed].state.visible) {
-            const SUserValue<EFanSpeed> fan = d.GetFanSpeed();
-            VRX_ASSERT(fan.valid);
-            if (fan.value == eFanSpeed_LowSpeed || fan.value == eFanSpeed_Auto) {
-                mFanSpeed.Select(fan.value);
+            const SUserValue<EFanSpeed> res = d.GetFanSpeed();
+            VRX_ASSERT(res.valid);
+            if (res.value == eFanSpeed_LowSpeed || res.value == eFanSpeed_Auto) {
+                mFanSpeed.Select(res.value);
             } else {
                 VRX_ASSERT_NOT_REACHED("Oops - bad combo value");
             }
         }
         if (mRows[eRow_Sharpness].state == SControlState::Usable()) {
-            const SVCPResult sharpness = d.GetSharpness();
-            VRX_ASSERT(sharpness.valid);
-            if (sharpness.valid) {
+            const SVCPResult res = d.GetSharpness();
+            VRX_ASSERT(res.valid);
+            if (res.valid) {
+                const SVCPResult& sharpness = res;
                 const QSignalBlocker blocker(mSharpnessSlider);
                 mSharpness = sharpness.value;
                 mSharpnessSlider->setRange(sharpness.minimum, sharpness.maximum);
@@ -316,7 +316,7 @@ void CAdvancedDialog::Refresh(bool snapshot_I) {
                 mSharpnessMinimum = mSharpnessSlider->minimum();
             }
         }
-        const auto check = [this](ERow row_I, SOnOff& pair_I, SUserValue<bool> value_I) {
+        const auto check = [this](ERow row_I, SOnOff& pair_I, SUserValue<bool> res) {
             const SControlState state = mRows[row_I].state;
             if (!state.visible) {
                 return;
@@ -324,8 +324,8 @@ void CAdvancedDialog::Refresh(bool snapshot_I) {
             pair_I.off->setChecked(false);
             pair_I.on->setChecked(false);
             if (state.enabled) {
-                VRX_ASSERT(value_I.valid);
-                (value_I.value ? pair_I.on : pair_I.off)->setChecked(true);
+                VRX_ASSERT(res.valid);
+                (res.value ? pair_I.on : pair_I.off)->setChecked(true);
             }
         };
         check(eRow_EnergySmart, mEnergySmart, d.GetEnergySmart());
@@ -413,10 +413,7 @@ void CAdvancedDialog::Close() {
     }
     hide();
     ClearCombos();
-    for (QShortcut* shortcut : mHotKeys) {
-        delete shortcut;
-    }
-    mHotKeys.clear();
+    qApp->removeEventFilter(this);
     mWindowExists = false;
 }
 
@@ -495,6 +492,24 @@ void CAdvancedDialog::OnSharpnessKey(ESharpnessKey key_I) {
     mSharpness = *position;
 }
 
+bool CAdvancedDialog::eventFilter(QObject* watched_I, QEvent* event_I) {
+    if (event_I->type() != QEvent::KeyPress || !mWindowExists ||
+        QApplication::activeModalWidget() != nullptr) {
+        return QDialog::eventFilter(watched_I, event_I);
+    }
+    const auto* key = static_cast<QKeyEvent*>(event_I);
+    if (key->modifiers() != Qt::NoModifier && key->modifiers() != Qt::KeypadModifier) {
+        return QDialog::eventFilter(watched_I, event_I);
+    }
+    for (const SHotKey& hotKey : kHotKeys) {
+        if (key->key() == hotKey.key) {
+            OnSharpnessKey(hotKey.step);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched_I, event_I);
+}
+
 void CAdvancedDialog::OnSharpnessTick() {
     if (!mSharpnessDirty) {
         return;
@@ -558,8 +573,9 @@ void CAdvancedDialog::OnOnOff(bool (UiDisplayDelegate::*setter_I)(bool), SOnOff&
 
 void CAdvancedDialog::OnOk() {
     const std::shared_ptr<UiDisplayDelegate> display = Display();
-    VRX_ASSERT(display != nullptr && "NULL display ptr");
-    if (display != nullptr) {
+    if (display == nullptr) {
+        VRX_ASSERT_NOT_REACHED("NULL display ptr");
+    } else {
         display->ForgetConditioning();
     }
     ShowAdvanced(false);
@@ -567,8 +583,9 @@ void CAdvancedDialog::OnOk() {
 
 void CAdvancedDialog::reject() {
     const std::shared_ptr<UiDisplayDelegate> display = Display();
-    VRX_ASSERT(display != nullptr && "NULL display ptr");
-    if (display != nullptr) {
+    if (display == nullptr) {
+        VRX_ASSERT_NOT_REACHED("NULL display ptr");
+    } else {
         // The rows whose value the showing kept, in the order they go back, each only while
         // it is usable.
         struct SRestore {

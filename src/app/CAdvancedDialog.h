@@ -17,14 +17,12 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 class CDisplayConfigInterface;
 class IDialogOwner;
 class QLabel;
 class QPushButton;
 class QRadioButton;
-class QShortcut;
 class QSlider;
 class UiDisplayDelegate;
 
@@ -76,6 +74,8 @@ protected:
     void showEvent(QShowEvent* event_I) override;
     void hideEvent(QHideEvent* event_I) override;
     void reject() override;
+    // The stepping keys, taken from every window of the program while this window exists.
+    bool eventFilter(QObject* watched_I, QEvent* event_I) override;
 
 private:
     struct SRow {
@@ -141,5 +141,4 @@ private:
     QPushButton* mFactoryResetButton = nullptr;
     QPushButton* mOkButton = nullptr;
     QPushButton* mCancelButton = nullptr;
-    std::vector<QShortcut*> mHotKeys;
 };

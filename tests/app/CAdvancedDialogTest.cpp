@@ -5,11 +5,13 @@
 #include "foundation/TraceCapture.h"
 #include "model/UiDisplayDelegate.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -193,6 +195,28 @@ TEST_F(CAdvancedDialogTest, HomeAndEndJumpAndClamp) {
     mDialog->Close();
     mDialog->OnSharpnessKey(eSharpnessKey_End);
     EXPECT_EQ(slider->value(), 0);
+}
+
+TEST_F(CAdvancedDialogTest, StepKeysReachTheSliderFromAnotherWindowWhileTheWindowExists) {
+    Open("ElmLarge@video");
+    QSlider* slider = Find<QSlider>("sharpness");
+    const int start = slider->value();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(QApplication::activeWindow(), &other);
+    QTest::keyClick(&other, Qt::Key_Up);
+    EXPECT_EQ(slider->value(), start + 1);
+    mDialog->ShowAdvanced(false);
+    QTest::keyClick(&other, Qt::Key_End);
+    EXPECT_EQ(slider->value(), slider->maximum());
+    mDialog->ShowAdvanced(true);
+    mDialog->Close();
+    other.activateWindow();
+    QCoreApplication::processEvents();
+    QTest::keyClick(&other, Qt::Key_Home);
+    EXPECT_NE(slider->value(), slider->minimum());
 }
 
 TEST_F(CAdvancedDialogTest, CancelRestoresTheShownValuesAndKeepsFanAndPowerDown) {

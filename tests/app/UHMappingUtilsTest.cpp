@@ -1,3 +1,4 @@
+#include "app/DisplayHelp.h"
 #include "app/QtUHMappingUtils.h"
 
 #include "DialogTestSupport.h"
@@ -133,6 +134,15 @@ TEST_F(UHMappingUtilsTest, LocalFileExistsIgnoresTheQuery) {
     EXPECT_TRUE(utils.LocalFileExists(LocalRoot() + "en/TOC/A%20B.html?x=1"));
     EXPECT_FALSE(utils.LocalFileExists(LocalRoot() + "en/TOC/C.html"));
     EXPECT_FALSE(utils.LocalFileExists("https://help.vorex.com/UserHelp/en/TOC/A%20B.html"));
+}
+
+TEST(HelpLanguageNameTest, UntranslatedLanguagesAskForTheFirstRowsHelp) {
+    LanguageProvider language("de");
+    ASSERT_TRUE(language.mLanguage.translated);
+    EXPECT_EQ(HelpLanguageName(language), "de");
+    language.mLanguage.translated = false;
+    ASSERT_NE(language.mLangTable.front().name, "de");
+    EXPECT_EQ(HelpLanguageName(language), language.mLangTable.front().name);
 }
 
 } // namespace
