@@ -232,6 +232,49 @@ TEST_F(CColorSettingsDialogTest, OkKeepsTheCommittedColour) {
     EXPECT_EQ(Find<QComboBox>("attribute")->count(), 0);
 }
 
+TEST_F(CColorSettingsDialogTest, SliderCommitsDuringTheQuestionAreDropped) {
+    Open("Birch@ftdi");
+    QSlider* black = Find<QSlider>("blackSlider");
+    QSlider* red = Find<QSlider>("redSlider");
+    const std::array<int, 3> before = Gains();
+    mOwner.onDarkQuestion = [red] {
+        red->setSliderDown(true);
+        red->setSliderPosition(40);
+        red->setSliderDown(false);
+    };
+    black->setSliderDown(true);
+    black->setSliderPosition(700);
+    black->setSliderDown(false);
+    EXPECT_EQ(mOwner.darkQuestions, 1);
+    // Refused: the applied colour goes back out, and the red commit inside the question was
+    // dropped.
+    EXPECT_EQ(Gains(), before);
+    EXPECT_EQ(black->value(), 0);
+    // The guard is free again afterwards.
+    mOwner.onDarkQuestion = nullptr;
+    red->setSliderDown(true);
+    red->setSliderPosition(200);
+    red->setSliderDown(false);
+    EXPECT_EQ(mRig->Current(kGainRed), 200);
+}
+
+TEST_F(CColorSettingsDialogTest, MainDialogClosesTheRunWithOrWithoutRestoring) {
+    Open("Aspen@serial");
+    const std::array<int, 3> before = Gains();
+    Type("redEdit", "9");
+    mDialog->CloseColorDialog(true);
+    EXPECT_EQ(Gains(), before);
+    EXPECT_FALSE(mDialog->WindowExists());
+    EXPECT_EQ(mDialog->result(), 0);
+
+    mDialog->Open();
+    Type("redEdit", "9");
+    mDialog->CloseColorDialog(false);
+    // 9 of 255 is 3 percent.
+    EXPECT_EQ(mRig->Current(kGainRed), 3);
+    EXPECT_EQ(mOwner.updateSaveRevert, 0);
+}
+
 TEST_F(CColorSettingsDialogTest, FailedWriteEndsTheProgram) {
     Open("Birch@ftdi");
     mRig->Sim().Faults().Arm({ESimFault::eUnplug, 0, 0, -1});
@@ -257,6 +300,11 @@ TEST_F(CColorSettingsDialogTest, ShorterWithoutCmykAndKeptInTheWorkArea) {
     QLineEdit* hex = Find<QLineEdit>("hexEdit");
     EXPECT_EQ(Find<QPushButton>("ok")->y(), hex->geometry().bottom() + 1 + 20);
     EXPECT_EQ(mDialog->y() + mDialog->height(), 1040);
+    mDialog->CloseColorDialog(false);
+
+    mOwner.mainRect.moveTop(-500);
+    Open("Aspen@serial");
+    EXPECT_EQ(mDialog->y(), 0);
 }
 
 } // namespace

@@ -39,3 +39,9 @@ int CDialogRig::Current(uint8_t code_I) {
     const std::optional<uint16_t> value = Sim().Scaler().Current(code_I);
     return value ? *value : -1;
 }
+
+// The font library keeps its caches until the process ends; the leak checker of sanitizer builds
+// is told so here, since the test application is never torn down.
+extern "C" __attribute__((used)) const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig.so\n";
+}

@@ -37,6 +37,9 @@ public:
     void CloseAllDialogs() override { ++closeAllDialogs; }
     bool ConfirmTooDark(QWidget*) override {
         ++darkQuestions;
+        if (onDarkQuestion) {
+            onDarkQuestion();
+        }
         return darkAnswer;
     }
     QRect MainDialogRect() const override { return mainRect; }
@@ -51,6 +54,8 @@ public:
     int closeAllDialogs = 0;
     int darkQuestions = 0;
     bool darkAnswer = false;
+    // Runs while the question is open, as events do in its own loop.
+    std::function<void()> onDarkQuestion;
     QRect mainRect{100, 300, 420, 560};
     QRect workArea{0, 0, 1920, 1040};
     QRect virtualScreen{0, 0, 1920, 1080};
