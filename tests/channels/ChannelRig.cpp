@@ -50,6 +50,7 @@ CChannelRig::CChannelRig(const char* model_I, ESimChannel channel_I, std::string
     case ESimChannel::eHid: {
         mHid = std::make_unique<CSimHidDevice>(*mDisplay, SSimHidIdentity{kHidPath});
         auto port = std::make_unique<CSimHidPort>(*mHid);
+        port->RecordReports(true);
         mHidPort = port.get();
         mConnector = std::make_shared<CVcpHIDDeviceConnector>(std::move(port));
         mOpened = mConnector->Open(std::string(kHidPath));
@@ -58,6 +59,7 @@ CChannelRig::CChannelRig(const char* model_I, ESimChannel channel_I, std::string
     case ESimChannel::eSerial: {
         mSerial = std::make_unique<CSimSerialDevice>(*mDisplay);
         auto port = std::make_unique<CSimSerialPort>(*mSerial, kPortName);
+        port->RecordWrites(true);
         mSerialPort = port.get();
         mConnector = std::make_shared<CUSBConnector>(std::move(port));
         mOpened = mConnector->Open(std::string(kPortName));

@@ -3,9 +3,10 @@
 // the transport over it, and an opened connector. It also tells which request frames crossed
 // the wire.
 
-#include "SimTransports.h"
+#include "I2CWireTap.h"
 
 #include "ddc/Connector.h"
+#include "platform/sim/SimTransports.h"
 #include "sim/CSimDisplay.h"
 #include "sim/CSimFtdiChip.h"
 

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 constexpr uint16_t kHazel = 0x1070;
@@ -55,6 +57,11 @@ struct SDecisionRow {
     bool videoTried;
     bool legacyScanned;
 };
+
+void PrintTo(const SDecisionRow& row_I, std::ostream* out_I) {
+    *out_I << "mode " << row_I.mode << (row_I.hid ? " hid" : "") << (row_I.video ? " video" : "")
+           << (row_I.ftdi ? " ftdi" : "");
+}
 
 class DecisionTableTest : public MatchingTest,
                           public ::testing::WithParamInterface<SDecisionRow> {};
@@ -194,6 +201,11 @@ struct SSkipRow {
     bool sameName;
     bool matches;
 };
+
+void PrintTo(const SSkipRow& row_I, std::ostream* out_I) {
+    *out_I << "edid " << std::hex << row_I.edid << std::dec << " type " << row_I.channelType
+           << (row_I.sameName ? " same name" : " other name");
+}
 
 class SkipSerialMatchTest : public MatchingTest, public ::testing::WithParamInterface<SSkipRow> {};
 
