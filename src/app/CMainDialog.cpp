@@ -117,6 +117,7 @@ void CMainDialog::BuildControls() {
         auto* combo = new QComboBox(this);
         combo->setObjectName(QString::fromLatin1(name));
         combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         return combo;
     };
     auto makeButton = [this](const char* name) {
@@ -187,11 +188,11 @@ void CMainDialog::BuildControls() {
     mColorGrid = new QGridLayout(mColorGroup);
     mColorGrid->setColumnStretch(1, 1);
     mColorGrid->addWidget(mColorSettingLabel, 0, 0);
-    mColorGrid->addWidget(colorSettingCombo, 0, 1, Qt::AlignLeft);
+    mColorGrid->addWidget(colorSettingCombo, 0, 1);
     mColorGrid->addWidget(mTemperatureLabel, 1, 0);
-    mColorGrid->addWidget(temperatureCombo, 1, 1, Qt::AlignLeft);
+    mColorGrid->addWidget(temperatureCombo, 1, 1);
     mColorGrid->addWidget(mSpaceLabel, 2, 0);
-    mColorGrid->addWidget(spaceCombo, 2, 1, Qt::AlignLeft);
+    mColorGrid->addWidget(spaceCombo, 2, 1);
     auto* customRow = new QHBoxLayout;
     customRow->addWidget(mSetButton);
     customRow->addWidget(mRgbLabel, 1);
@@ -199,7 +200,7 @@ void CMainDialog::BuildControls() {
     mColorGrid->addWidget(mResetColorButton, 4, 1, Qt::AlignLeft);
     mMainGrid->addWidget(mColorGroup, row++, 0, 1, 3);
     mMainGrid->addWidget(mGammaLabel, row, 0);
-    mMainGrid->addWidget(gammaCombo, row++, 1, Qt::AlignLeft);
+    mMainGrid->addWidget(gammaCombo, row++, 1, 1, 2);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(mAdvancedButton);
     QPushButton* helpButton = makeButton("helpButton");

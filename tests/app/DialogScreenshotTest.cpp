@@ -1,10 +1,11 @@
 #include "app/CAdvancedDialog.h"
 #include "app/CColorSettingsDialog.h"
 
+#include "DialogHarness.h"
 #include "DialogTestSupport.h"
 #include "model/UiDisplayDelegate.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QPixmap>
 
@@ -13,10 +14,11 @@
 namespace {
 
 // Pictures of both dialogs for people to look at, under the build folder.
-QString ScreenshotFolder() {
-    const QString folder = QDir::current().filePath("screenshots");
-    QDir().mkpath(folder);
-    return folder;
+void ExpectScreenshot(QWidget& widget_I, const std::string& name_I) {
+    SaveScreenshot(widget_I, name_I);
+    EXPECT_TRUE(QFileInfo::exists(QStringLiteral(PANELTUNE_SCREENSHOT_DIR) + "/" +
+                                  QString::fromStdString(name_I) + ".png"))
+        << name_I;
 }
 
 // Whether every visible label shows its whole text.
@@ -44,8 +46,7 @@ TEST(DialogScreenshotTest, BothDialogsForSeveralFamiliesAndLanguages) {
                                      std::make_unique<CManualTickTimer>());
             advanced.ShowAdvanced(true);
             ExpectNothingClipped(advanced, "advanced " + name);
-            EXPECT_TRUE(advanced.grab().save(ScreenshotFolder() + "/advanced-" +
-                                             QString::fromStdString(name) + ".png"));
+            ExpectScreenshot(advanced, "advanced-" + name);
             advanced.Close();
 
             rig.Display().LoadColorMods(eColorMod_Gain);
@@ -53,8 +54,7 @@ TEST(DialogScreenshotTest, BothDialogsForSeveralFamiliesAndLanguages) {
             color.Open();
             color.show();
             ExpectNothingClipped(color, "colour " + name);
-            EXPECT_TRUE(color.grab().save(ScreenshotFolder() + "/color-" +
-                                          QString::fromStdString(name) + ".png"));
+            ExpectScreenshot(color, "color-" + name);
             color.CloseColorDialog(false);
         }
     }

@@ -1,21 +1,12 @@
 #include "DialogTestSupport.h"
 
+#include "DialogHarness.h"
 #include "model/UiDisplayDelegate.h"
-
-#include <QApplication>
 
 #include <gtest/gtest.h>
 
 void EnsureTestApplication() {
-    static int argc = 1;
-    static char name[] = "app_tests";
-    static char* argv[] = {name, nullptr};
-    // Kept for the whole process: widgets of every test hang on it.
-    static QApplication* application = [] {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        return new QApplication(argc, argv);
-    }();
-    (void)application;
+    TestApplication();
 }
 
 CDialogRig::CDialogRig(std::string_view description_I, const std::string& language_I) {
@@ -40,8 +31,8 @@ int CDialogRig::Current(uint8_t code_I) {
     return value ? *value : -1;
 }
 
-// The font library keeps its caches until the process ends; the leak checker of sanitizer builds
-// is told so here, since the test application is never torn down.
+// The font library keeps its caches until the process ends, after the test application is gone;
+// the leak checker of sanitizer builds is told so here.
 extern "C" __attribute__((used)) const char* __lsan_default_suppressions() {
     return "leak:libfontconfig.so\n";
 }

@@ -20,7 +20,8 @@
 class QWidget;
 class UiDisplayDelegate;
 
-// The one application of the test process, on the offscreen platform.
+// The one application of the test process, on the offscreen platform unless the caller chose
+// another.
 void EnsureTestApplication();
 
 class CRecordingOwner final : public IDialogOwner {

@@ -1,0 +1,148 @@
+#include "DialogHarness.h"
+
+#include "resources/LanguageProvider.h"
+
+#include <QDir>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QtTest/QTest>
+
+#include <atomic>
+#include <unistd.h>
+
+QApplication& TestApplication() {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    static int argc = 1;
+    static char name[] = "app_tests";
+    static char* argv[] = {name, nullptr};
+    static QApplication application(argc, argv);
+    return application;
+}
+
+void SaveScreenshot(QWidget& widget_I, const std::string& name_I) {
+    const QString folder = QStringLiteral(PANELTUNE_SCREENSHOT_DIR);
+    QDir().mkpath(folder);
+    QCoreApplication::sendPostedEvents();
+    if (widget_I.layout() != nullptr) {
+        widget_I.layout()->activate();
+    }
+    widget_I.grab().save(folder + QLatin1Char('/') + QString::fromStdString(name_I) +
+                         QStringLiteral(".png"));
+}
+
+size_t CTestMainDialog::Count(EModal kind_I) const {
+    return static_cast<size_t>(std::count_if(mShown.begin(), mShown.end(),
+                                             [&](const SShown& s) { return s.kind == kind_I; }));
+}
+
+int CTestMainDialog::ExecModal(QDialog& window_I, EModal kind_I) {
+    QString text;
+    if (auto* box = qobject_cast<QMessageBox*>(&window_I)) {
+        text = box->text();
+    } else {
+        for (QLabel* label : window_I.findChildren<QLabel*>()) {
+            text += label->text() + QLatin1Char('\n');
+        }
+    }
+    const bool first = Count(kind_I) == 0;
+    mShown.push_back({kind_I, text});
+    if (!mScreenshotPrefix.empty() && first) {
+        window_I.show();
+        static const char* const kNames[] = {"dark-question", "factory-reset-question",
+                                             "communication-error", "error-window",
+                                             "not-supported-window"};
+        SaveScreenshot(window_I, mScreenshotPrefix + kNames[static_cast<int>(kind_I)]);
+    }
+    const auto answer = mAnswers.find(kind_I);
+    if (answer != mAnswers.end()) {
+        return answer->second;
+    }
+    if (kind_I == EModal::eDarkQuestion) {
+        return CMainDialog::ExecModal(window_I, kind_I);
+    }
+    return kind_I == EModal::eFactoryResetQuestion ? int{QMessageBox::Ok} : int{QDialog::Accepted};
+}
+
+void CTestMainDialog::WaitWindowShown(QWidget& window_I) {
+    if (!mScreenshotPrefix.empty() && mWaitWindowsShown == 0) {
+        SaveScreenshot(window_I, mScreenshotPrefix + "wait-window");
+    }
+    ++mWaitWindowsShown;
+}
+
+void DialogTest::SetUp() {
+    TestApplication();
+    mSettingsFolder = std::make_unique<QTemporaryDir>();
+    ASSERT_TRUE(mSettingsFolder->isValid());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mSettingsFolder->path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, mSettingsFolder->path());
+}
+
+void DialogTest::TearDown() {
+    mDialog.reset();
+    mPlatform.reset();
+}
+
+bool DialogTest::Start(const std::string& description_I, const std::string& language_I,
+                       bool makerSystem_I) {
+    static std::atomic<int> counter{0};
+    std::string error;
+    mPlatform = CSimulatedPlatform::FromDescription(description_I, error);
+    EXPECT_NE(mPlatform, nullptr) << error;
+    if (!mPlatform) {
+        return false;
+    }
+    mPlatform->SetMakerSystem(makerSystem_I);
+    SDisplayConfigOptions options;
+    options.language = LanguageProvider(language_I);
+    SMainDialogEnvironment environment;
+    environment.platform = mPlatform;
+    environment.instanceName = QStringLiteral("paneltune-test-%1-%2").arg(getpid()).arg(++counter);
+    mDialog = std::make_unique<CTestMainDialog>(options, environment);
+    // No timer is waited for: an unanswered dark question closes at the next turn of events.
+    mDialog->SetDarkQuestionTimeout(0);
+    return mDialog->OnInitDialog();
+}
+
+int DialogTest::ScalerValue(size_t display_I, uint8_t code_I) {
+    const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Current(code_I);
+    return value ? *value : -1;
+}
+
+int DialogTest::ScalerSaved(size_t display_I, uint8_t code_I) {
+    const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Saved(code_I);
+    return value ? *value : -1;
+}
+
+QSettings DialogTest::StoredSettings() {
+    return QSettings(QStringLiteral("Vorex"), QStringLiteral("OSD"));
+}
+
+void DialogTest::Choose(const char* combo_I, int row_I) {
+    QComboBox* combo = Find<QComboBox>(combo_I);
+    combo->setCurrentIndex(row_I);
+    emit combo->activated(row_I);
+}
+
+void DialogTest::Enter(const char* edit_I, const QString& text_I) {
+    QLineEdit* edit = Find<QLineEdit>(edit_I);
+    edit->setText(text_I);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+QStringList DialogTest::Rows(const char* combo_I) {
+    QComboBox* combo = Find<QComboBox>(combo_I);
+    QStringList rows;
+    for (int i = 0; i < combo->count(); ++i) {
+        rows << combo->itemText(i);
+    }
+    return rows;
+}
+
+bool DialogTest::Shown(const char* name_I) {
+    QWidget* widget = Find<QWidget>(name_I);
+    return widget != nullptr && widget->isVisibleTo(mDialog.get());
+}

@@ -1,0 +1,206 @@
+#include "DialogHarness.h"
+
+#include "resources/LanguageTable.h"
+
+#include <QScreen>
+
+namespace {
+
+using EModal = CMainDialog::EModal;
+
+constexpr uint8_t kBrightness = 0x10;
+constexpr uint8_t kFirBrightness = 0x13;
+constexpr uint8_t kContrast = 0x12;
+
+TEST_F(DialogTest, TwoDisplaysFillTheDisplayComboAndShowTheFirst) {
+    ASSERT_TRUE(Start("ElmLarge@video,Birch@ftdi"));
+    Dialog().mScreenshotPrefix = "start-";
+    EXPECT_EQ(Rows("displayCombo").size(), 2);
+    EXPECT_EQ(Find<QComboBox>("displayCombo")->currentIndex(), 0);
+    EXPECT_TRUE(Dialog().DisplayConfigIF()->IsCurrentDisplay(0));
+    EXPECT_TRUE(Dialog().isVisible());
+    EXPECT_TRUE(Dialog().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_EQ(Dialog().windowTitle().toStdString(), "Vorex Display Settings");
+    EXPECT_EQ(Dialog().mWaitWindowsShown, 1);
+    EXPECT_FALSE(Dialog().Ended());
+    // Nothing is stored before a normal close.
+    EXPECT_FALSE(StoredSettings().contains(QStringLiteral("Location/X")));
+    SaveScreenshot(Dialog(), "main-two-displays");
+}
+
+TEST_F(DialogTest, NoDisplayEndsThroughTheNotSupportedWindow) {
+    CTestMainDialog* dialog = nullptr;
+    {
+        std::string error;
+        mPlatform = CSimulatedPlatform::FromDescription("Birch@none", error);
+        ASSERT_NE(mPlatform, nullptr);
+        SMainDialogEnvironment environment{mPlatform, {}, QStringLiteral("paneltune-test-none")};
+        mDialog = std::make_unique<CTestMainDialog>(SDisplayConfigOptions{}, environment);
+        dialog = mDialog.get();
+        dialog->mScreenshotPrefix = "none-";
+    }
+    EXPECT_FALSE(dialog->OnInitDialog());
+    EXPECT_TRUE(dialog->Ended());
+    EXPECT_EQ(dialog->Result(), 0);
+    ASSERT_EQ(dialog->Count(EModal::eNotSupportedWindow), 1u);
+    EXPECT_TRUE(dialog->mShown.back().text.startsWith(
+        QStringLiteral("Compatible display device not found\n")));
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(DialogTest, DiscoveryFailureEndsThroughTheErrorWindow) {
+    std::string error;
+    mPlatform = CSimulatedPlatform::FromDescription("Birch@video:fault=silence*forever", error);
+    ASSERT_NE(mPlatform, nullptr) << error;
+    SDisplayConfigOptions options;
+    options.exitOnError = true;
+    mDialog = std::make_unique<CTestMainDialog>(
+        options, SMainDialogEnvironment{mPlatform, {}, QStringLiteral("paneltune-test-error")});
+    Dialog().mScreenshotPrefix = "failure-";
+    EXPECT_FALSE(Dialog().OnInitDialog());
+    EXPECT_EQ(Dialog().Result(), 0);
+    const size_t errors = Dialog().Count(EModal::eErrorWindow);
+    const size_t notSupported = Dialog().Count(EModal::eNotSupportedWindow);
+    // Which of the two ends the run depends on whether discovery gave a reason.
+    EXPECT_EQ(errors + notSupported, 1u);
+    if (errors == 1) {
+        EXPECT_FALSE(Dialog().mShown.back().text.trimmed().isEmpty());
+    }
+}
+
+struct SFamilyCase {
+    const char* description;
+    int colorSettingRows;
+    int temperatureRows;
+    int spaceRows;
+    int gammaRows;
+    uint8_t brightnessCode;
+};
+
+TEST_F(DialogTest, ControlsFollowTheFamily) {
+    const SFamilyCase cases[] = {
+        {"ElmLarge@video", 3, 5, 8, 36, kBrightness}, {"Birch@ftdi", 3, 6, 6, 2, kBrightness},
+        {"CedarSmallTwo", 3, 3, 6, 3, kBrightness},   {"FirSmall@ftdi", 2, 3, 3, 2, kFirBrightness},
+        {"Aspen", 2, 3, 3, 2, kBrightness},
+    };
+    for (const SFamilyCase& c : cases) {
+        SCOPED_TRACE(c.description);
+        mDialog.reset();
+        // Cedar displays are built into the maker's own computers.
+        ASSERT_TRUE(Start(c.description, "en", c.description[0] == 'C'));
+        EXPECT_EQ(Rows("colorSettingCombo").size(), c.colorSettingRows);
+        EXPECT_EQ(Rows("temperatureCombo").size(), c.temperatureRows);
+        EXPECT_EQ(Rows("spaceCombo").size(), c.spaceRows);
+        EXPECT_EQ(Rows("gammaCombo").size(), c.gammaRows);
+
+        // Each control shows what its status says, and the usable sliders the display's value.
+        const struct {
+            const char* widget;
+            SControlState state;
+        } states[] = {
+            {"brightnessSlider", Current().BrightnessStatus()},
+            {"contrastSlider", Current().ContrastStatus()},
+            {"colorSettingCombo", Current().ColorSettingStatus()},
+            {"temperatureCombo", Current().ColorTemperatureStatus()},
+            {"spaceCombo", Current().ColorSpaceStatus()},
+            {"setButton", Current().CustomColorStatus()},
+            {"resetColorButton", Current().ResetColorStatus()},
+            {"gammaCombo", Current().GammaStatus()},
+            {"saveButton", Current().SaveStatus()},
+            {"revertButton", Current().RevertStatus()},
+            {"advancedButton", SControlState::Usable()},
+        };
+        for (const auto& s : states) {
+            EXPECT_EQ(Shown(s.widget), s.state.visible) << s.widget;
+            EXPECT_EQ(Find<QWidget>(s.widget)->isEnabled(), s.state.visible && s.state.enabled)
+                << s.widget;
+        }
+        if (Current().BrightnessStatus() == SControlState::Usable()) {
+            EXPECT_EQ(Find<QSlider>("brightnessSlider")->value(), ScalerValue(0, c.brightnessCode));
+            EXPECT_EQ(Find<QLineEdit>("brightnessEdit")->text().toInt(),
+                      ScalerValue(0, c.brightnessCode));
+        } else {
+            EXPECT_EQ(Find<QSlider>("brightnessSlider")->value(), 75);
+        }
+        if (Current().ContrastStatus() == SControlState::Usable()) {
+            EXPECT_EQ(Find<QSlider>("contrastSlider")->value(), ScalerValue(0, kContrast));
+        }
+        if (Shown("rgbLabel")) {
+            EXPECT_TRUE(Find<QLabel>("rgbLabel")->text().startsWith(QStringLiteral("RGB: ")));
+        }
+        std::string name = c.description;
+        SaveScreenshot(Dialog(), "main-" + name.substr(0, name.find('@')) + "-en");
+    }
+}
+
+// Every translated language: labels come from the table, and nothing is cut.
+TEST_F(DialogTest, EveryLanguageFitsItsTexts) {
+    for (const SLanguageRow& row : kLanguageRows) {
+        if (!row.translated) {
+            continue;
+        }
+        const std::string tag(row.name);
+        SCOPED_TRACE(tag);
+        mDialog.reset();
+        ASSERT_TRUE(Start("ElmLarge@video", tag));
+        Dialog().adjustSize();
+        if (tag != "en") {
+            EXPECT_NE(Find<QLabel>("brightnessLabel")->text(), QStringLiteral("Brightness:"));
+        }
+        for (QWidget* widget : Dialog().findChildren<QWidget*>()) {
+            auto* label = qobject_cast<QLabel*>(widget);
+            auto* button = qobject_cast<QPushButton*>(widget);
+            if ((label == nullptr && button == nullptr) || !widget->isVisibleTo(&Dialog())) {
+                continue;
+            }
+            EXPECT_FALSE(label ? label->text().isEmpty() : button->text().isEmpty())
+                << widget->objectName().toStdString();
+            EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
+                << widget->objectName().toStdString();
+        }
+        SaveScreenshot(Dialog(), "main-ElmLarge-" + tag);
+    }
+}
+
+TEST_F(DialogTest, SecondStartRaisesTheFirstAndEndsWithZero) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    SMainDialogEnvironment environment{mPlatform, {}, Dialog().InstanceName()};
+    CTestMainDialog second(SDisplayConfigOptions{}, environment);
+    EXPECT_FALSE(second.OnInitDialog());
+    EXPECT_TRUE(second.Ended());
+    EXPECT_EQ(second.Result(), 0);
+    EXPECT_EQ(second.mWaitWindowsShown, 0);
+    EXPECT_FALSE(Dialog().Ended());
+}
+
+struct SPositionCase {
+    bool stored;
+    int x;
+    int y;
+    QPoint expected;
+};
+
+TEST_F(DialogTest, StoredPositionIsUsedOnlyInsideTheVirtualScreen) {
+    const QRect virtualScreen = TestApplication().primaryScreen()->virtualGeometry();
+    const SPositionCase cases[] = {
+        {false, 0, 0, QPoint(0, 0)},
+        {true, virtualScreen.left() + 40, virtualScreen.top() + 30,
+         virtualScreen.topLeft() + QPoint(40, 30)},
+        {true, virtualScreen.right() + 100, 10, QPoint(0, 0)},
+        {true, 10, virtualScreen.top() - 5000, QPoint(0, 0)},
+    };
+    for (const SPositionCase& c : cases) {
+        mDialog.reset();
+        QSettings settings = StoredSettings();
+        settings.remove(QStringLiteral("Location"));
+        if (c.stored) {
+            settings.setValue(QStringLiteral("Location/X"), c.x);
+            settings.setValue(QStringLiteral("Location/Y"), c.y);
+        }
+        settings.sync();
+        ASSERT_TRUE(Start("Birch@ftdi"));
+        EXPECT_EQ(Dialog().pos(), c.expected) << c.x << "," << c.y;
+    }
+}
+
+} // namespace
