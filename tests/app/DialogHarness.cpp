@@ -3,6 +3,7 @@
 #include "resources/LanguageProvider.h"
 
 #include <QDir>
+#include <QInputDevice>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -15,6 +16,9 @@ QApplication& TestApplication() {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    // The list of input devices must outlive the application, which deletes the keyboard that
+    // key events create; asking for the list first makes it so.
+    QInputDevice::devices();
     static int argc = 1;
     static char name[] = "app_tests";
     static char* argv[] = {name, nullptr};
