@@ -94,6 +94,7 @@ CAdvancedDialog::CAdvancedDialog(const SDisplayConfigOptions& options_I,
                                  std::unique_ptr<ITickTimer> timer_I, QWidget* parent_I)
     : QDialog(parent_I), mOptions(options_I), mDisplayConfigIF(config_I), mMainDlg(owner_I),
       mTimer(std::move(timer_I)) {
+    setObjectName(QStringLiteral("advancedDialog"));
     setModal(false);
     mTimer->SetCallback([this] { OnSharpnessTick(); });
     BuildWidgets();

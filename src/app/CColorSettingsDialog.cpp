@@ -66,6 +66,7 @@ CColorSettingsDialog::CColorSettingsDialog(const SDisplayConfigOptions& options_
                                            CDisplayConfigInterface* config_I, IDialogOwner* owner_I,
                                            QWidget* parent_I)
     : QDialog(parent_I), mOptions(options_I), mDisplayConfigIF(config_I), mMainDlg(owner_I) {
+    setObjectName(QStringLiteral("colorDialog"));
     setModal(true);
     BuildWidgets();
 }
