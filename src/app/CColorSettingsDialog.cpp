@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSlider>
 
@@ -116,6 +117,15 @@ void CColorSettingsDialog::BuildWidgets() {
     connect(mHexEdit, &QLineEdit::returnPressed, this, [this] {
         CommitEdit(kHexSource);
         mHexEdit->selectAll();
+    });
+    // The main dialog's factory reset key, which its own registration can't hear while this
+    // dialog runs modally.
+    auto* factoryReset = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+R")), this);
+    factoryReset->setContext(Qt::ApplicationShortcut);
+    connect(factoryReset, &QShortcut::activated, this, [this] {
+        if (mMainDlg != nullptr) {
+            mMainDlg->DoFactoryReset(true);
+        }
     });
     mOkButton = new QPushButton(this);
     mOkButton->setObjectName("ok");

@@ -275,6 +275,14 @@ TEST_F(CColorSettingsDialogTest, MainDialogClosesTheRunWithOrWithoutRestoring) {
     EXPECT_EQ(mOwner.updateSaveRevert, 0);
 }
 
+TEST_F(CColorSettingsDialogTest, FactoryResetKeyReachesTheMainDialog) {
+    Open("Birch@ftdi");
+    mDialog->activateWindow();
+    QCoreApplication::processEvents();
+    QTest::keyClick(mDialog.get(), Qt::Key_R, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(mOwner.factoryResets, std::vector<bool>{true});
+}
+
 TEST_F(CColorSettingsDialogTest, FailedWriteEndsTheProgram) {
     Open("Birch@ftdi");
     mRig->Sim().Faults().Arm({ESimFault::eUnplug, 0, 0, -1});

@@ -31,8 +31,11 @@ int CDialogRig::Current(uint8_t code_I) {
     return value ? *value : -1;
 }
 
-// The font library keeps its caches until the process ends, after the test application is gone;
-// the leak checker of sanitizer builds is told so here.
+// The font libraries and Qt's font engines keep their caches past the end of the test
+// application; the leak checker of sanitizer builds is told so here.
 extern "C" __attribute__((used)) const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig.so\n";
+    return "leak:libfontconfig.so\n"
+           "leak:libfreetype.so\n"
+           "leak:libharfbuzz.so\n"
+           "leak:libQt6Gui.so\n";
 }
