@@ -17,6 +17,7 @@
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -230,14 +231,6 @@ void CMainDialog::BuildControls() {
         connect(pair.slider, &QSlider::sliderReleased, this,
                 [this, kind, &pair] { CommitEvent(kind, pair.slider->sliderPosition()); });
     }
-    connect(mBrightnessPair.edit, &QLineEdit::returnPressed, this, [this] {
-        CommitBrightnessEdit();
-        mBrightnessPair.edit->selectAll();
-    });
-    connect(mContrastPair.edit, &QLineEdit::returnPressed, this, [this] {
-        CommitContrastEdit();
-        mContrastPair.edit->selectAll();
-    });
 }
 
 void CMainDialog::SetStaticTexts() {
@@ -593,6 +586,23 @@ std::shared_ptr<UiDisplayDelegate> CMainDialog::Display() const {
 }
 
 bool CMainDialog::eventFilter(QObject* watched_I, QEvent* event_I) {
+    // Enter commits the edit that has the focus whatever its text, selects the text and leaves
+    // the dialog open.
+    if (event_I->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event_I)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            if (watched_I == mBrightnessPair.edit) {
+                CommitBrightnessEdit();
+                mBrightnessPair.edit->selectAll();
+                return true;
+            }
+            if (watched_I == mContrastPair.edit) {
+                CommitContrastEdit();
+                mContrastPair.edit->selectAll();
+                return true;
+            }
+        }
+    }
     if (event_I->type() == QEvent::FocusOut) {
         // Focus that leaves with the window (a question box coming up) is no commit.
         const auto reason = static_cast<QFocusEvent*>(event_I)->reason();

@@ -360,7 +360,10 @@ bool CMainDialog::ConfirmDarkSettings(ESlider slider_I, int32_t value_I) {
     box.setEscapeButton(QMessageBox::No);
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     // A user who can't read the screen gets the old setting back: no answer counts as No.
-    QTimer::singleShot(mDarkQuestionTimeoutMs, &box, [&box] { box.done(QMessageBox::No); });
+    auto* timeout = new QTimer(&box);
+    timeout->setSingleShot(true);
+    connect(timeout, &QTimer::timeout, &box, [&box] { box.done(QMessageBox::No); });
+    timeout->start(mDarkQuestionTimeoutMs);
     return ExecModal(box, EModal::eDarkQuestion) != QMessageBox::No;
 }
 

@@ -3,7 +3,6 @@
 #include "resources/LanguageProvider.h"
 
 #include <QDir>
-#include <QInputDevice>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -13,17 +12,7 @@
 #include <unistd.h>
 
 QApplication& TestApplication() {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    // The list of input devices must outlive the application, which deletes the keyboard that
-    // key events create; asking for the list first makes it so.
-    QInputDevice::devices();
-    static int argc = 1;
-    static char name[] = "app_tests";
-    static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
-    return application;
+    return *qobject_cast<QApplication*>(QCoreApplication::instance());
 }
 
 void SaveScreenshot(QWidget& widget_I, const std::string& name_I) {

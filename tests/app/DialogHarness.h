@@ -24,7 +24,7 @@
 #include <string>
 #include <vector>
 
-// The application object the GUI tests share; offscreen unless the caller chose a platform.
+// The application object of the test run.
 QApplication& TestApplication();
 // Saves a picture of the widget under the build folder's screenshots.
 void SaveScreenshot(QWidget& widget_I, const std::string& name_I);

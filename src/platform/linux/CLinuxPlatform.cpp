@@ -1,12 +1,16 @@
 #include "platform/linux/CLinuxPlatform.h"
 
 #include "channels/CFTDIExAPI32.h"
+#include "channels/CI2CConnectorFTDI.h"
+#include "channels/CI2CConnectorTI.h"
 #include "channels/CTIExAPI32.h"
+#include "channels/CUSBConnector.h"
+#include "channels/CVcpHIDDeviceConnector.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
 #include "platform/linux/CLibFtdi1Api.h"
 #include "platform/linux/CLinuxHidDevice.h"
-#include "platform/linux/CLinuxI2CBus.h"
+#include "platform/linux/CLinuxI2CConnectorDP.h"
 #include "platform/linux/CLinuxSerialPort.h"
 #include "platform/linux/CUdevScanner.h"
 #include "platform/linux/LinuxSystemServices.h"
@@ -84,19 +88,8 @@ bool CLinuxPlatform::RefreshMonitor(SDisplayInfo& info_IO) {
     return false;
 }
 
-std::unique_ptr<II2CBus> CLinuxPlatform::OpenMonitorBus(const SDisplayInfo& info_I) {
-    if (info_I.monitorHandle.empty()) {
-        mLastBusError = "The monitor has no DDC bus that the system offers.";
-        return nullptr;
-    }
-    auto bus = std::make_unique<CLinuxI2CBus>(info_I.monitorHandle);
-    if (!bus->Open()) {
-        mLastBusError = CLinuxI2CBus::DescribeOpenFailure(info_I.monitorHandle, bus->LastErrno());
-        Trace("ERROR: %s\n", mLastBusError.c_str());
-        return nullptr;
-    }
-    mLastBusError.clear();
-    return bus;
+std::shared_ptr<CMonitorConnectorDP> CLinuxPlatform::MakeVideoConnector() {
+    return std::make_shared<CLinuxI2CConnectorDP>();
 }
 
 std::vector<std::string> CLinuxPlatform::ListHidChannels() {
@@ -105,8 +98,8 @@ std::vector<std::string> CLinuxPlatform::ListHidChannels() {
     return paths;
 }
 
-std::unique_ptr<IHidDevice> CLinuxPlatform::MakeHidDevice() {
-    return std::make_unique<CLinuxHidDevice>();
+std::shared_ptr<Connector> CLinuxPlatform::MakeHidConnector() {
+    return std::make_shared<CVcpHIDDeviceConnector>(std::make_unique<CLinuxHidDevice>());
 }
 
 std::vector<std::string> CLinuxPlatform::ListSerialPorts() {
@@ -119,28 +112,58 @@ std::vector<std::string> CLinuxPlatform::ListSerialPorts() {
                    channel->role == EUsbChannelRole::eFtdiBridge) {
             Trace("GetNextDeviceID found FTDI\\COMPORT&VID_0403&PID_6014 (case-insensitive)\n");
         } else if (gTraceEnabled) {
-            Trace("GetNextDeviceID couldn't find USB\\\\VID_10C4&PID_EA60 (case-insensitive)\n");
+            Trace("GetNextDeviceID couldn't find USB\\VID_10C4&PID_EA60 (case-insensitive)\n");
         }
     }
     return names;
 }
 
-std::unique_ptr<ISerialPort> CLinuxPlatform::MakeSerialPort() {
-    return std::make_unique<CLinuxSerialPort>();
+std::shared_ptr<Connector> CLinuxPlatform::MakeSerialConnector() {
+    return std::make_shared<CUSBConnector>(std::make_unique<CLinuxSerialPort>());
 }
 
 std::shared_ptr<IFtdiApi> CLinuxPlatform::FtdiApi() {
-    auto vendor = std::make_shared<CFTDIExAPI32>(mFiles.ftdiLibrary);
-    if (vendor->Load()) {
-        return vendor;
+    if (!mFtdiLookedFor) {
+        mFtdiLookedFor = true;
+        auto vendor = std::make_shared<CFTDIExAPI32>(mFiles.ftdiLibrary);
+        auto open = std::make_shared<CLibFtdi1Api>(mFiles.ftdiOpenLibrary);
+        mFtdiApi = vendor->Load() ? std::shared_ptr<IFtdiApi>(vendor)
+                   : open->Load() ? std::shared_ptr<IFtdiApi>(open)
+                                  : nullptr;
     }
-    auto open = std::make_shared<CLibFtdi1Api>(mFiles.ftdiOpenLibrary);
-    return open->Load() ? open : nullptr;
+    return mFtdiApi;
 }
 
 std::shared_ptr<ITIBridgeApi> CLinuxPlatform::TiApi() {
-    auto ti = std::make_shared<CTIExAPI32>(mFiles.tiLibrary);
-    return ti->Load() ? ti : nullptr;
+    if (!mTiLookedFor) {
+        mTiLookedFor = true;
+        auto ti = std::make_shared<CTIExAPI32>(mFiles.tiLibrary);
+        mTiApi = ti->Load() ? ti : nullptr;
+    }
+    return mTiApi;
+}
+
+uint32_t CLinuxPlatform::FtdiDeviceCount() {
+    const std::shared_ptr<IFtdiApi> api = FtdiApi();
+    return api ? CI2CConnectorFTDI::NumberOfDevices(*api) : 0;
+}
+
+std::shared_ptr<Connector> CLinuxPlatform::MakeFtdiConnector() {
+    // Without a library the connector's calls fail as an unbound library's do.
+    const std::shared_ptr<IFtdiApi> api = FtdiApi();
+    return std::make_shared<CI2CConnectorFTDI>(
+        api ? api : std::make_shared<CFTDIExAPI32>(mFiles.ftdiLibrary));
+}
+
+int CLinuxPlatform::TiDeviceCount() {
+    const std::shared_ptr<ITIBridgeApi> api = TiApi();
+    return api ? CI2CConnectorTI::NumberOfDevices(*api) : 0;
+}
+
+std::shared_ptr<Connector> CLinuxPlatform::MakeTiConnector() {
+    const std::shared_ptr<ITIBridgeApi> api = TiApi();
+    return std::make_shared<CI2CConnectorTI>(api ? api
+                                                 : std::make_shared<CTIExAPI32>(mFiles.tiLibrary));
 }
 
 bool CLinuxPlatform::IsMakerSystem() {

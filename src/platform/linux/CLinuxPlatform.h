@@ -3,15 +3,20 @@
 // EDID and DDC bus (i2c-dev), the HID channel is hidapi's hidraw backend, serial ports are
 // udev's ttys of the family's USB serial bridge, and the bridge libraries are bound by name.
 
+#include "channels/CFTDIExAPI32.h"
+#include "channels/CTIExAPI32.h"
 #include "discovery/IDisplayPlatform.h"
+#include "platform/linux/CLibFtdi1Api.h"
+#include "platform/linux/LinuxSystemServices.h"
 
 #include <string>
 
+// Where the platform looks for the system maker and the bridge libraries.
 struct SLinuxPlatformFiles {
-    std::string sysVendor = "/sys/class/dmi/id/sys_vendor";
-    std::wstring ftdiLibrary = L"libftd2xx.so";
-    std::wstring ftdiOpenLibrary = L"libftdi1.so.2";
-    std::wstring tiLibrary = L"libTUSB3x10_I2C_API.so";
+    std::string sysVendor = LinuxUtils::kSysVendorPath;
+    std::wstring ftdiLibrary = CFTDIExAPI32::kLibraryName;
+    std::wstring ftdiOpenLibrary = CLibFtdi1Api::kLibraryName;
+    std::wstring tiLibrary = CTIExAPI32::kLibraryName;
 };
 
 class CLinuxPlatform final : public IDisplayPlatform {
@@ -20,23 +25,26 @@ public:
 
     std::vector<SMonitorSource> ListMonitors() override;
     bool RefreshMonitor(SDisplayInfo& info_IO) override;
-    // Null when the node can't be opened; LastBusError then says why, for the user.
-    std::unique_ptr<II2CBus> OpenMonitorBus(const SDisplayInfo& info_I) override;
+    std::shared_ptr<CMonitorConnectorDP> MakeVideoConnector() override;
 
     std::vector<std::string> ListHidChannels() override;
-    std::unique_ptr<IHidDevice> MakeHidDevice() override;
+    std::shared_ptr<Connector> MakeHidConnector() override;
 
     std::vector<std::string> ListSerialPorts() override;
-    std::unique_ptr<ISerialPort> MakeSerialPort() override;
+    std::shared_ptr<Connector> MakeSerialConnector() override;
 
-    // FTDI's own library when it is installed, else libftdi1 given the same meaning.
-    std::shared_ptr<IFtdiApi> FtdiApi() override;
-    std::shared_ptr<ITIBridgeApi> TiApi() override;
+    uint32_t FtdiDeviceCount() override;
+    std::shared_ptr<Connector> MakeFtdiConnector() override;
+    int TiDeviceCount() override;
+    std::shared_ptr<Connector> MakeTiConnector() override;
 
     bool IsMakerSystem() override;
 
-    // The text of the last failed OpenMonitorBus, empty after a success.
-    const std::string& LastBusError() const { return mLastBusError; }
+    // FTDI's own library when it is installed, else libftdi1 given the same meaning; null when
+    // neither is. Looked for once.
+    std::shared_ptr<IFtdiApi> FtdiApi();
+    // TI's library, or null when it is not installed. Looked for once.
+    std::shared_ptr<ITIBridgeApi> TiApi();
 
     // MONITOR\ with the EDID's maker id and product code (MONITOR\VRX1041); empty for an EDID
     // too short to hold them.
@@ -44,5 +52,8 @@ public:
 
 private:
     SLinuxPlatformFiles mFiles;
-    std::string mLastBusError;
+    bool mFtdiLookedFor = false;
+    std::shared_ptr<IFtdiApi> mFtdiApi;
+    bool mTiLookedFor = false;
+    std::shared_ptr<ITIBridgeApi> mTiApi;
 };

@@ -35,10 +35,10 @@ TEST_F(LinuxHidTest, FindsTheScalerInterfaceByItsUsagePageAndTalksFeatureReports
     mRig.AddHidraw("hidraw1", 0x0F5E, 0x03A6, kScalerHidUsagePage, mScaler);
     ASSERT_THAT(mPlatform.ListHidChannels(), ElementsAre("/dev/hidraw1"));
 
-    CVcpHIDDeviceConnector connector(mPlatform.MakeHidDevice());
-    ASSERT_TRUE(connector.Open("/dev/hidraw1"));
-    EXPECT_EQ(connector.SerialNumber(kNoTabletId), "HZL0000000042");
-    EXPECT_EQ(connector.CapabilitiesString(), mDisplay.Scaler().CapabilityString());
+    const std::shared_ptr<Connector> connector = mPlatform.MakeHidConnector();
+    ASSERT_TRUE(connector->Open("/dev/hidraw1"));
+    EXPECT_EQ(connector->SerialNumber(kNoTabletId), "HZL0000000042");
+    EXPECT_EQ(connector->CapabilitiesString(), mDisplay.Scaler().CapabilityString());
     EXPECT_GT(mScaler.Requests(), 0u);
     EXPECT_EQ(mPen.Requests(), 0u);
     EXPECT_THAT(mScaler.HostErrors(), ElementsAre());

@@ -42,23 +42,4 @@ TEST(UdevRulesTest, EveryRuleGrantsTheSeatANarrowMatchAndNoMode) {
     EXPECT_EQ(grants, static_cast<int>(UsbChannels().size()) + 1);
 }
 
-TEST(UdevRulesTest, TheTableTellsTheRoleOfEachUsbId) {
-    const struct {
-        uint16_t vendor;
-        uint16_t product;
-        const SUsbChannel* expected;
-    } cases[] = {
-        {0x10C4, 0xEA60, &UsbChannels()[0]}, {0x10C4, 0xEA70, nullptr},
-        {0x0403, 0x6014, &UsbChannels()[1]}, {0x0403, 0x6001, nullptr},
-        {0x0F5E, 0x03A6, &UsbChannels()[2]}, {0x0F5E, 0x0001, &UsbChannels()[2]},
-        {0x067B, 0x2303, nullptr},
-    };
-    for (const auto& row : cases) {
-        EXPECT_EQ(FindUsbChannel(row.vendor, row.product), row.expected)
-            << std::hex << row.vendor << ":" << row.product;
-    }
-    EXPECT_EQ(UsbChannels()[0].role, EUsbChannelRole::eSerialBridge);
-    EXPECT_EQ(UsbChannels()[1].role, EUsbChannelRole::eFtdiBridge);
-}
-
 } // namespace

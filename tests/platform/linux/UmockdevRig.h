@@ -23,7 +23,7 @@ public:
     CUmockdevRig(const CUmockdevRig&) = delete;
     CUmockdevRig& operator=(const CUmockdevRig&) = delete;
 
-    // Whether the process runs under umockdev's preload.
+    // Whether the process runs under umockdev's preload; it tells only once a testbed exists.
     static bool InMockEnvironment();
 
     // An i2c adapter i2c-<bus>; its syspath.

@@ -1,0 +1,231 @@
+#include "DialogHarness.h"
+
+#include <QMessageBox>
+#include <QtTest/QTest>
+
+namespace {
+
+using EModal = CMainDialog::EModal;
+
+constexpr uint8_t kBrightness = 0x10;
+constexpr uint8_t kContrast = 0x12;
+constexpr uint8_t kRedGain = 0x16;
+
+class ControlsTest : public DialogTest {
+protected:
+    QSlider* BrightnessSlider() { return Find<QSlider>("brightnessSlider"); }
+    QLineEdit* BrightnessEdit() { return Find<QLineEdit>("brightnessEdit"); }
+    QLineEdit* ContrastEdit() { return Find<QLineEdit>("contrastEdit"); }
+
+    // A drag: the thumb held, moved through the positions, then let go.
+    void Drag(QSlider* slider_I, std::initializer_list<int> positions_I, bool release_I = true) {
+        slider_I->setSliderDown(true);
+        for (int position : positions_I) {
+            slider_I->setSliderPosition(position);
+        }
+        if (release_I) {
+            slider_I->setSliderDown(false);
+        }
+    }
+};
+
+// On a Birch, brightness + 9 x contrast below 200 is too dark.
+TEST_F(ControlsTest, DarkDragAppliesLiveAndComesBackWhenTheQuestionTimesOut) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    Dialog().mScreenshotPrefix = "birch-";
+    Enter("contrastEdit", QStringLiteral("15"));
+    ASSERT_EQ(ScalerValue(0, kContrast), 15);
+    const int before = ScalerValue(0, kBrightness);
+    ASSERT_GE(before + 9 * 15, 200);
+
+    Drag(BrightnessSlider(), {40, 20, 10}, false);
+    EXPECT_EQ(ScalerValue(0, kBrightness), 10);
+    EXPECT_EQ(BrightnessEdit()->text(), QStringLiteral("10"));
+    EXPECT_EQ(Dialog().Count(EModal::eDarkQuestion), 0u);
+
+    BrightnessSlider()->setSliderDown(false);
+    ASSERT_EQ(Dialog().Count(EModal::eDarkQuestion), 1u);
+    EXPECT_TRUE(Dialog().mShown.back().text.startsWith(QStringLiteral("Warning!\n")));
+    EXPECT_EQ(ScalerValue(0, kBrightness), before);
+    EXPECT_EQ(BrightnessSlider()->value(), before);
+    EXPECT_EQ(BrightnessEdit()->text(), QString::number(before));
+
+    // Answered Yes, the dark value stays.
+    Dialog().mAnswers[EModal::eDarkQuestion] = QMessageBox::Yes;
+    Drag(BrightnessSlider(), {12});
+    EXPECT_EQ(ScalerValue(0, kBrightness), 12);
+    EXPECT_EQ(BrightnessSlider()->value(), 12);
+    EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
+}
+
+TEST_F(ControlsTest, KeyStepsApplyAndHomeGoesBackToTheStoredValue) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    const int before = ScalerValue(0, kBrightness);
+    BrightnessSlider()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(ScalerValue(0, kBrightness), before + 1);
+    EXPECT_EQ(BrightnessEdit()->text(), QString::number(before + 1));
+    BrightnessSlider()->triggerAction(QAbstractSlider::SliderToMinimum);
+    EXPECT_EQ(BrightnessSlider()->value(), before + 1);
+    EXPECT_EQ(ScalerValue(0, kBrightness), before + 1);
+}
+
+TEST_F(ControlsTest, LettersInTheEditsReadDifferently) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    const SVCPResult brightness = Current().GetBrightness();
+    const int contrast = ScalerValue(0, kContrast);
+
+    // Brightness: letters read as 0, then clamp to the range.
+    Enter("brightnessEdit", QStringLiteral("ab"));
+    EXPECT_EQ(ScalerValue(0, kBrightness), std::max(0, brightness.minimum));
+    EXPECT_EQ(BrightnessSlider()->value(), std::max(0, brightness.minimum));
+
+    // Contrast: letters give way to the display's value, and the edit shows it again.
+    Enter("contrastEdit", QStringLiteral("x"));
+    EXPECT_EQ(ScalerValue(0, kContrast), contrast);
+    EXPECT_EQ(ContrastEdit()->text(), QString::number(contrast));
+    EXPECT_EQ(Dialog().Count(EModal::eCommunicationError), 0u);
+}
+
+TEST_F(ControlsTest, ValueAboveTheMaximumIsCutAndEnterKeepsTheDialogOpen) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    const int maximum = Current().GetBrightness().maximum;
+    Enter("brightnessEdit", QString::number(maximum + 1));
+    EXPECT_EQ(BrightnessEdit()->text(), QString::number(maximum));
+    EXPECT_EQ(ScalerValue(0, kBrightness), maximum);
+    EXPECT_EQ(BrightnessEdit()->selectedText(), QString::number(maximum));
+    EXPECT_FALSE(Dialog().Ended());
+    EXPECT_TRUE(Dialog().isVisible());
+}
+
+TEST_F(ControlsTest, SaveThenRevert) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    QPushButton* save = Find<QPushButton>("saveButton");
+    QPushButton* revert = Find<QPushButton>("revertButton");
+    EXPECT_FALSE(save->isEnabled());
+
+    Enter("brightnessEdit", QStringLiteral("40"));
+    EXPECT_TRUE(save->isEnabled());
+    EXPECT_TRUE(revert->isEnabled());
+    QTest::mouseClick(save, Qt::LeftButton);
+    EXPECT_EQ(ScalerSaved(0, kBrightness), 40);
+    EXPECT_FALSE(save->isEnabled());
+
+    Enter("brightnessEdit", QStringLiteral("60"));
+    Choose("temperatureCombo", 0);
+    EXPECT_TRUE(revert->isEnabled());
+    QTest::mouseClick(revert, Qt::LeftButton);
+    EXPECT_EQ(ScalerValue(0, kBrightness), 40);
+    EXPECT_EQ(BrightnessSlider()->value(), 40);
+    EXPECT_EQ(BrightnessEdit()->text(), QStringLiteral("40"));
+    EXPECT_FALSE(save->isEnabled());
+    EXPECT_FALSE(revert->isEnabled());
+}
+
+TEST_F(ControlsTest, ClosingRevertsUnsavedChangesAndStoresThePosition) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    const int before = ScalerValue(0, kBrightness);
+    Enter("brightnessEdit", QString::number(before == 30 ? 31 : 30));
+    Dialog().move(120, 80);
+    const QPoint where = Dialog().frameGeometry().topLeft();
+    QTest::keyClick(&Dialog(), Qt::Key_Escape);
+    EXPECT_TRUE(Dialog().Ended());
+    EXPECT_EQ(Dialog().Result(), 1);
+    EXPECT_EQ(ScalerValue(0, kBrightness), before);
+    QSettings settings = StoredSettings();
+    EXPECT_EQ(settings.value(QStringLiteral("Location/X")).toInt(), where.x());
+    EXPECT_EQ(settings.value(QStringLiteral("Location/Y")).toInt(), where.y());
+}
+
+TEST_F(ControlsTest, SwitchingDisplaysDropsUnsavedChangesAndRebuildsTheCombos) {
+    ASSERT_TRUE(Start("ElmLarge@video,Birch@ftdi"));
+    EXPECT_EQ(Rows("gammaCombo").size(), 36);
+    const int elmBrightness = ScalerValue(0, kBrightness);
+    Enter("brightnessEdit", QString::number(elmBrightness == 33 ? 34 : 33));
+    ASSERT_NE(ScalerValue(0, kBrightness), elmBrightness);
+
+    Choose("displayCombo", 1);
+    EXPECT_TRUE(Dialog().DisplayConfigIF()->IsCurrentDisplay(1));
+    EXPECT_EQ(ScalerValue(0, kBrightness), elmBrightness);
+    EXPECT_EQ(Rows("gammaCombo").size(), 2);
+    EXPECT_EQ(Rows("temperatureCombo").size(), 6);
+    EXPECT_EQ(BrightnessSlider()->value(), ScalerValue(1, kBrightness));
+    EXPECT_TRUE(Dialog().isVisible());
+    SaveScreenshot(Dialog(), "main-switched-to-Birch");
+
+    // Choosing the current display again changes nothing.
+    Enter("brightnessEdit", QStringLiteral("41"));
+    Choose("displayCombo", 1);
+    EXPECT_EQ(ScalerValue(1, kBrightness), 41);
+}
+
+TEST_F(ControlsTest, FactoryResetRunsBehindTheWaitWindowAndRediscovers) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    const int factory = ScalerValue(0, kBrightness);
+    const int changed = factory == 30 ? 31 : 30;
+    Enter("brightnessEdit", QString::number(changed));
+    QTest::mouseClick(Find<QPushButton>("saveButton"), Qt::LeftButton);
+
+    Dialog().mAnswers[EModal::eFactoryResetQuestion] = QMessageBox::Cancel;
+    Dialog().DoFactoryReset(false);
+    EXPECT_EQ(ScalerValue(0, kBrightness), changed);
+    EXPECT_EQ(Dialog().Count(EModal::eFactoryResetQuestion), 1u);
+
+    mClock->ClearSleeps();
+    const int waitWindows = Dialog().mWaitWindowsShown;
+    Dialog().DoFactoryReset(true);
+    EXPECT_EQ(Dialog().Count(EModal::eFactoryResetQuestion), 1u);
+    EXPECT_EQ(Dialog().mWaitWindowsShown, waitWindows + 1);
+    const std::vector<uint32_t> sleeps = mClock->Sleeps();
+    EXPECT_NE(std::find(sleeps.begin(), sleeps.end(), 10000u), sleeps.end());
+    EXPECT_EQ(ScalerValue(0, kBrightness), factory);
+    EXPECT_EQ(BrightnessSlider()->value(), factory);
+    EXPECT_EQ(Rows("displayCombo").size(), 1);
+    EXPECT_TRUE(Dialog().isVisible());
+    EXPECT_FALSE(Dialog().Ended());
+}
+
+TEST_F(ControlsTest, FactoryResetOnAVanishedDisplayEndsTheProgram) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    Platform().Display(0).Unplug();
+    Dialog().DoFactoryReset(true);
+    EXPECT_TRUE(Dialog().Ended());
+    EXPECT_EQ(Dialog().Result(), 0);
+    EXPECT_EQ(Dialog().Count(EModal::eNotSupportedWindow), 1u);
+}
+
+TEST_F(ControlsTest, ColorResetRunsBehindTheWaitWindowAndRebuildsTheControls) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    ASSERT_TRUE(Find<QPushButton>("resetColorButton")->isEnabled());
+    const int red = ScalerValue(0, kRedGain);
+    ASSERT_GE(red, 0);
+    Platform().Display(0).Scaler().SetFromMenu(kRedGain, static_cast<uint16_t>(red / 2));
+    Enter("brightnessEdit", QStringLiteral("44"));
+
+    const int waitWindows = Dialog().mWaitWindowsShown;
+    QTest::mouseClick(Find<QPushButton>("resetColorButton"), Qt::LeftButton);
+    EXPECT_EQ(Dialog().mWaitWindowsShown, waitWindows + 1);
+    EXPECT_EQ(ScalerValue(0, kRedGain), red);
+    EXPECT_TRUE(Find<QLabel>("rgbLabel")->text().startsWith(QStringLiteral("RGB: ")) ||
+                !Shown("rgbLabel"));
+    EXPECT_EQ(BrightnessSlider()->value(), ScalerValue(0, kBrightness));
+    EXPECT_FALSE(Dialog().Ended());
+}
+
+TEST_F(ControlsTest, CommunicationFailureDuringADragIsReportedAndTheDialogStays) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    Dialog().mScreenshotPrefix = "failure-";
+    Drag(BrightnessSlider(), {35}, false);
+    EXPECT_EQ(ScalerValue(0, kBrightness), 35);
+    Platform().Display(0).Unplug();
+    Drag(BrightnessSlider(), {36}, false);
+    ASSERT_GE(Dialog().Count(EModal::eCommunicationError), 1u);
+    EXPECT_TRUE(Dialog().mShown.back().text.startsWith(
+        QStringLiteral("There was an error talking to the display.")));
+    EXPECT_EQ(BrightnessEdit()->text(), QStringLiteral("36"));
+    Platform().Display(0).Replug();
+    BrightnessSlider()->setSliderDown(false);
+    EXPECT_FALSE(Dialog().Ended());
+    EXPECT_TRUE(Dialog().isVisible());
+}
+
+} // namespace
