@@ -30,12 +30,3 @@ int CDialogRig::Current(uint8_t code_I) {
     const std::optional<uint16_t> value = Sim().Scaler().Current(code_I);
     return value ? *value : -1;
 }
-
-// The font libraries and Qt's font engines keep their caches past the end of the test
-// application; the leak checker of sanitizer builds is told so here.
-extern "C" __attribute__((used)) const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig.so\n"
-           "leak:libfreetype.so\n"
-           "leak:libharfbuzz.so\n"
-           "leak:libQt6Gui.so\n";
-}
