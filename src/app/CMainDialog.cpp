@@ -2,6 +2,7 @@
 
 #include "app/CInfoWindows.h"
 #include "app/CPlaceholderDialogs.h"
+#include "app/DisplayHelp.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
@@ -203,6 +204,9 @@ void CMainDialog::BuildControls() {
     mMainGrid->addWidget(gammaCombo, row++, 1, 1, 2);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(mAdvancedButton);
+    QPushButton* helpButton = makeButton("helpButton");
+    helpButton->setText(QStringLiteral("?"));
+    buttons->addWidget(helpButton);
     buttons->addStretch(1);
     buttons->addWidget(mRevertButton);
     buttons->addWidget(mSaveButton);
@@ -218,6 +222,8 @@ void CMainDialog::BuildControls() {
     connect(mSaveButton, &QPushButton::clicked, this, [this] { OnSave(); });
     connect(mRevertButton, &QPushButton::clicked, this, [this] { OnRevert(); });
     connect(mAdvancedButton, &QPushButton::clicked, this, [this] { OnAdvanced(); });
+    connect(helpButton, &QPushButton::clicked, this,
+            [this] { OpenDisplayHelp(mOptions, Display().get()); });
     for (ESlider kind : {eBrightnessSlider, eContrastSlider}) {
         SSliderPair& pair = kind == eBrightnessSlider ? mBrightnessPair : mContrastPair;
         connect(pair.slider, &QSlider::actionTriggered, this,

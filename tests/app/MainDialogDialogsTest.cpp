@@ -1,0 +1,83 @@
+#include "app/CSecondaryDialogs.h"
+
+#include "DialogHarness.h"
+
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr uint8_t kGainBlue = 0x1A;
+
+// The main dialog with the real advanced and colour dialogs behind its buttons.
+class MainDialogDialogsTest : public DialogTest {
+protected:
+    bool StartWithDialogs(const std::string& description_I) {
+        std::string error;
+        mPlatform = CSimulatedPlatform::FromDescription(description_I, error);
+        EXPECT_NE(mPlatform, nullptr) << error;
+        if (!mPlatform) {
+            return false;
+        }
+        SDisplayConfigOptions options;
+        options.language = LanguageProvider("en");
+        SMainDialogEnvironment environment;
+        environment.platform = mPlatform;
+        environment.makeSecondaryDialogs = CSecondaryDialogs::Factory();
+        environment.instanceName = QStringLiteral("paneltune-dialogs-test-%1").arg(getpid());
+        mDialog = std::make_unique<CTestMainDialog>(options, environment);
+        mDialog->SetDarkQuestionTimeout(0);
+        return mDialog->OnInitDialog();
+    }
+
+    QDialog* Secondary(const char* name_I) { return mDialog->findChild<QDialog*>(name_I); }
+};
+
+TEST_F(MainDialogDialogsTest, AdvancedOpensBesideTheMainDialogAndAFailedWriteEndsTheProgram) {
+    ASSERT_TRUE(StartWithDialogs("ElmLarge@video"));
+    Find<QPushButton>("advancedButton")->click();
+    QDialog* advanced = Secondary("advancedDialog");
+    ASSERT_NE(advanced, nullptr);
+    EXPECT_TRUE(advanced->isVisible());
+    EXPECT_GT(advanced->x(), mDialog->x());
+    EXPECT_FALSE(Dialog().Ended());
+
+    mPlatform->Display(0).Faults().Arm({ESimFault::eUnplug, 0, 0, -1});
+    QComboBox* aspect = advanced->findChild<QComboBox*>("aspectRatio");
+    ASSERT_NE(aspect, nullptr);
+    const int row = (aspect->currentIndex() + 1) % aspect->count();
+    aspect->setCurrentIndex(row);
+    emit aspect->activated(row);
+    EXPECT_TRUE(Dialog().Ended());
+    EXPECT_EQ(Dialog().Result(), 0);
+    EXPECT_EQ(Dialog().Count(CMainDialog::EModal::eCommunicationError), 1u);
+    EXPECT_FALSE(advanced->isVisible());
+}
+
+TEST_F(MainDialogDialogsTest, SetRunsTheColourDialogUntilItsOk) {
+    ASSERT_TRUE(StartWithDialogs("Birch@ftdi"));
+    const QStringList settings = Rows("colorSettingCombo");
+    const int custom = static_cast<int>(settings.size()) - 1;
+    Choose("colorSettingCombo", custom);
+    ASSERT_TRUE(Shown("setButton")) << settings.join(",").toStdString();
+    bool ran = false;
+    QTimer::singleShot(0, [&ran] {
+        auto* color = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(color, nullptr);
+        EXPECT_EQ(color->objectName(), "colorDialog");
+        QLineEdit* blue = color->findChild<QLineEdit*>("blueEdit");
+        ASSERT_NE(blue, nullptr);
+        blue->setText("77");
+        emit blue->returnPressed();
+        color->findChild<QPushButton*>("ok")->click();
+        ran = true;
+    });
+    Find<QPushButton>("setButton")->click();
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(ScalerValue(0, kGainBlue), 77);
+    EXPECT_FALSE(Secondary("colorDialog")->isVisible());
+    EXPECT_FALSE(Dialog().Ended());
+}
+
+} // namespace
