@@ -1,7 +1,7 @@
 #include "app/CMainDialog.h"
 
 #include "app/CInfoWindows.h"
-#include "app/CPlaceholderDialogs.h"
+#include "app/CSecondaryDialogs.h"
 #include "app/DisplayHelp.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
@@ -76,7 +76,7 @@ CMainDialog::CMainDialog(const SDisplayConfigOptions& options_I,
     setWindowFlag(Qt::WindowStaysOnTopHint);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     if (!mEnvironment.makeSecondaryDialogs) {
-        mEnvironment.makeSecondaryDialogs = CPlaceholderDialogs::Factory();
+        mEnvironment.makeSecondaryDialogs = CSecondaryDialogs::Factory();
     }
     mInstanceName = mEnvironment.instanceName;
     if (mInstanceName.isEmpty()) {

@@ -37,6 +37,7 @@ class UiDisplayDelegate;
 // other dialogs, and the name under which a running instance answers a second start.
 struct SMainDialogEnvironment {
     std::shared_ptr<IDisplayPlatform> platform;
+    // Empty: the real advanced and colour dialogs.
     SecondaryDialogsFactory makeSecondaryDialogs;
     // Empty: the product's title and the user's name.
     QString instanceName;

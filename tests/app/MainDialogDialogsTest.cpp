@@ -1,5 +1,3 @@
-#include "app/CSecondaryDialogs.h"
-
 #include "DialogHarness.h"
 
 #include <QTimer>
@@ -10,32 +8,15 @@ namespace {
 
 constexpr uint8_t kGainBlue = 0x1A;
 
-// The main dialog with the real advanced and colour dialogs behind its buttons.
+// The main dialog with the real advanced and colour dialogs behind its buttons, which it makes
+// when it is given no other maker.
 class MainDialogDialogsTest : public DialogTest {
 protected:
-    bool StartWithDialogs(const std::string& description_I) {
-        std::string error;
-        mPlatform = CSimulatedPlatform::FromDescription(description_I, error);
-        EXPECT_NE(mPlatform, nullptr) << error;
-        if (!mPlatform) {
-            return false;
-        }
-        SDisplayConfigOptions options;
-        options.language = LanguageProvider("en");
-        SMainDialogEnvironment environment;
-        environment.platform = mPlatform;
-        environment.makeSecondaryDialogs = CSecondaryDialogs::Factory();
-        environment.instanceName = QStringLiteral("paneltune-dialogs-test-%1").arg(getpid());
-        mDialog = std::make_unique<CTestMainDialog>(options, environment);
-        mDialog->SetDarkQuestionTimeout(0);
-        return mDialog->OnInitDialog();
-    }
-
     QDialog* Secondary(const char* name_I) { return mDialog->findChild<QDialog*>(name_I); }
 };
 
 TEST_F(MainDialogDialogsTest, AdvancedOpensBesideTheMainDialogAndAFailedWriteEndsTheProgram) {
-    ASSERT_TRUE(StartWithDialogs("ElmLarge@video"));
+    ASSERT_TRUE(Start("ElmLarge@video"));
     Find<QPushButton>("advancedButton")->click();
     QDialog* advanced = Secondary("advancedDialog");
     ASSERT_NE(advanced, nullptr);
@@ -56,7 +37,7 @@ TEST_F(MainDialogDialogsTest, AdvancedOpensBesideTheMainDialogAndAFailedWriteEnd
 }
 
 TEST_F(MainDialogDialogsTest, SetRunsTheColourDialogUntilItsOk) {
-    ASSERT_TRUE(StartWithDialogs("Birch@ftdi"));
+    ASSERT_TRUE(Start("Birch@ftdi"));
     const QStringList settings = Rows("colorSettingCombo");
     const int custom = static_cast<int>(settings.size()) - 1;
     Choose("colorSettingCombo", custom);
