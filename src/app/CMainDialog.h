@@ -78,6 +78,9 @@ public:
     void DoFactoryReset(bool skipConfirmation_I);
     void DoResetColor();
     void CloseAllDialogs();
+    // The too-dark question over asker_I: true when the user keeps the setting. It defaults to
+    // No and answers No by itself after the dark-question delay.
+    bool ConfirmTooDark(QWidget* asker_I);
 
     CDisplayConfigInterface* DisplayConfigIF() const { return mDisplayConfigIF.get(); }
     ISecondaryDialogs* SecondaryDialogs() const { return mSecondary.get(); }

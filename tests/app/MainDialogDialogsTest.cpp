@@ -1,5 +1,6 @@
 #include "DialogHarness.h"
 
+#include <QMessageBox>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -58,6 +59,33 @@ TEST_F(MainDialogDialogsTest, SetRunsTheColourDialogUntilItsOk) {
     EXPECT_TRUE(ran);
     EXPECT_EQ(ScalerValue(0, kGainBlue), 77);
     EXPECT_FALSE(Secondary("colorDialog")->isVisible());
+    EXPECT_FALSE(Dialog().Ended());
+}
+
+TEST_F(MainDialogDialogsTest, TheColourDialogAsksTheMainDialogsTooDarkQuestion) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    Choose("colorSettingCombo", static_cast<int>(Rows("colorSettingCombo").size()) - 1);
+    ASSERT_TRUE(Shown("setButton"));
+    Dialog().mAnswers[CMainDialog::EModal::eDarkQuestion] = QMessageBox::No;
+    const int blueBefore = ScalerValue(0, kGainBlue);
+    bool ran = false;
+    QTimer::singleShot(0, [this, &ran] {
+        auto* color = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(color, nullptr);
+        QSlider* black = color->findChild<QSlider*>("blackSlider");
+        ASSERT_NE(black, nullptr);
+        black->setSliderDown(true);
+        black->setSliderPosition(700);
+        black->setSliderDown(false);
+        // Refused: the main dialog asked once, and the colour went back.
+        EXPECT_EQ(Dialog().Count(CMainDialog::EModal::eDarkQuestion), 1u);
+        EXPECT_NE(black->value(), 700);
+        color->findChild<QPushButton*>("ok")->click();
+        ran = true;
+    });
+    Find<QPushButton>("setButton")->click();
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(ScalerValue(0, kGainBlue), blueBefore);
     EXPECT_FALSE(Dialog().Ended());
 }
 
