@@ -30,6 +30,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QSlider>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -206,6 +207,11 @@ void CMainDialog::BuildControls() {
     buttons->addWidget(mAdvancedButton);
     QPushButton* helpButton = makeButton("helpButton");
     helpButton->setText(QStringLiteral("?"));
+    // One character needs no button of the usual width: as wide as high, or as its text needs.
+    const int textWidth = helpButton->fontMetrics().horizontalAdvance(helpButton->text()) +
+                          2 * (helpButton->style()->pixelMetric(QStyle::PM_ButtonMargin) +
+                               helpButton->style()->pixelMetric(QStyle::PM_DefaultFrameWidth));
+    helpButton->setFixedWidth(std::max(textWidth, helpButton->sizeHint().height()));
     buttons->addWidget(helpButton);
     buttons->addStretch(1);
     buttons->addWidget(mRevertButton);
