@@ -1,7 +1,7 @@
 #include "app/CMainDialog.h"
 
 #include "app/CInfoWindows.h"
-#include "app/CPlaceholderDialogs.h"
+#include "app/CSecondaryDialogs.h"
 #include "app/DisplayHelp.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
@@ -30,6 +30,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QSlider>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -76,7 +77,7 @@ CMainDialog::CMainDialog(const SDisplayConfigOptions& options_I,
     setWindowFlag(Qt::WindowStaysOnTopHint);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     if (!mEnvironment.makeSecondaryDialogs) {
-        mEnvironment.makeSecondaryDialogs = CPlaceholderDialogs::Factory();
+        mEnvironment.makeSecondaryDialogs = CSecondaryDialogs::Factory();
     }
     mInstanceName = mEnvironment.instanceName;
     if (mInstanceName.isEmpty()) {
@@ -206,6 +207,11 @@ void CMainDialog::BuildControls() {
     buttons->addWidget(mAdvancedButton);
     QPushButton* helpButton = makeButton("helpButton");
     helpButton->setText(QStringLiteral("?"));
+    // One character needs no button of the usual width: as wide as high, or as its text needs.
+    const int textWidth = helpButton->fontMetrics().horizontalAdvance(helpButton->text()) +
+                          2 * (helpButton->style()->pixelMetric(QStyle::PM_ButtonMargin) +
+                               helpButton->style()->pixelMetric(QStyle::PM_DefaultFrameWidth));
+    helpButton->setFixedWidth(std::max(textWidth, helpButton->sizeHint().height()));
     buttons->addWidget(helpButton);
     buttons->addStretch(1);
     buttons->addWidget(mRevertButton);

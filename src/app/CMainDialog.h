@@ -37,6 +37,7 @@ class UiDisplayDelegate;
 // other dialogs, and the name under which a running instance answers a second start.
 struct SMainDialogEnvironment {
     std::shared_ptr<IDisplayPlatform> platform;
+    // Empty: the real advanced and colour dialogs.
     SecondaryDialogsFactory makeSecondaryDialogs;
     // Empty: the product's title and the user's name.
     QString instanceName;
@@ -77,6 +78,9 @@ public:
     void DoFactoryReset(bool skipConfirmation_I);
     void DoResetColor();
     void CloseAllDialogs();
+    // The too-dark question over asker_I: true when the user keeps the setting. It defaults to
+    // No and answers No by itself after the dark-question delay.
+    bool ConfirmTooDark(QWidget* asker_I);
 
     CDisplayConfigInterface* DisplayConfigIF() const { return mDisplayConfigIF.get(); }
     ISecondaryDialogs* SecondaryDialogs() const { return mSecondary.get(); }

@@ -349,12 +349,13 @@ bool CMainDialog::ConfirmDarkSettings(ESlider slider_I, int32_t value_I) {
     std::shared_ptr<UiDisplayDelegate> display = Display();
     const int32_t brightness = slider_I == eBrightnessSlider ? value_I : mBrightness;
     const int32_t contrast = slider_I == eContrastSlider ? value_I : mContrast;
-    if (!display || !display->IsTooDark(brightness, contrast)) {
-        return true;
-    }
+    return !display || !display->IsTooDark(brightness, contrast) || ConfirmTooDark(this);
+}
+
+bool CMainDialog::ConfirmTooDark(QWidget* asker_I) {
     QMessageBox box(QMessageBox::Warning, Text(kTitleId),
                     Text(kWarningId) + QLatin1Char('\n') + Text(kTooDarkId),
-                    QMessageBox::Yes | QMessageBox::No, this);
+                    QMessageBox::Yes | QMessageBox::No, asker_I);
     box.setObjectName(QStringLiteral("darkQuestion"));
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);

@@ -3,22 +3,9 @@
 #include "app/CAdvancedDialog.h"
 #include "app/CColorSettingsDialog.h"
 #include "app/CMainDialog.h"
-#include "app/DialogText.h"
 
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QScreen>
-#include <QTimer>
-
-namespace {
-
-constexpr uint32_t kTitleId = 2000;
-constexpr uint32_t kTooDarkId = 2902;
-constexpr uint32_t kWarningId = 2903;
-// Nobody who can't read the screen answers; after this the question counts as No.
-constexpr int kTooDarkTimeoutMs = 5000;
-
-} // namespace
 
 CSecondaryDialogs::CSecondaryDialogs(const SDisplayConfigOptions& options_I,
                                      CDisplayConfigInterface& displayConfig_I,
@@ -134,17 +121,7 @@ void CSecondaryDialogs::CloseAllDialogs() {
 }
 
 bool CSecondaryDialogs::ConfirmTooDark(QWidget* asker_I) {
-    QMessageBox box(QMessageBox::Warning, DialogText(mOptions, kTitleId),
-                    DialogText(mOptions, kWarningId) + "\n" + DialogText(mOptions, kTooDarkId),
-                    QMessageBox::Yes | QMessageBox::No, asker_I);
-    box.setDefaultButton(QMessageBox::No);
-    box.setWindowModality(Qt::ApplicationModal);
-    box.setWindowFlag(Qt::WindowStaysOnTopHint);
-    QTimer timeout;
-    timeout.setSingleShot(true);
-    QObject::connect(&timeout, &QTimer::timeout, &box, [&box] { box.done(QMessageBox::No); });
-    timeout.start(kTooDarkTimeoutMs);
-    return box.exec() != QMessageBox::No;
+    return mMainDialog.ConfirmTooDark(asker_I);
 }
 
 QRect CSecondaryDialogs::MainDialogRect() const {

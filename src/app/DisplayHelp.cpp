@@ -1,10 +1,9 @@
 #include "app/DisplayHelp.h"
 
 #include "app/QtUHMappingUtils.h"
+#include "foundation/StringUtilities.h"
 #include "model/UiDisplayDelegate.h"
-
-#include <QCoreApplication>
-#include <QDir>
+#include "platform/linux/LinuxSystemServices.h"
 
 std::string HelpLanguageName(const LanguageProvider& language_I) {
     if (language_I.mLanguage.translated || language_I.mLangTable.empty()) {
@@ -14,9 +13,7 @@ std::string HelpLanguageName(const LanguageProvider& language_I) {
 }
 
 std::string HelpInstallFolder() {
-    const QDir program(QCoreApplication::applicationDirPath());
-    const QString shared = program.filePath("../share/paneltune");
-    return QDir::cleanPath(QDir(shared).exists() ? shared : program.path()).toStdString();
+    return ToNarrow(LinuxUtils::InstallFolder());
 }
 
 bool OpenDisplayHelp(const SDisplayConfigOptions& options_I, const UiDisplayDelegate* display_I) {

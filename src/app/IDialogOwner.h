@@ -20,8 +20,8 @@ public:
     virtual void DoFactoryReset(bool skipConfirmation_I) = 0;
     // Close both dialogs and end the program with 0.
     virtual void CloseAllDialogs() = 0;
-    // The too-dark question, owned by the asking dialog: true when the user keeps the colour.
-    // It defaults to No and counts as No when nobody answers in time.
+    // The main dialog's too-dark question over the asking dialog: true when the user keeps the
+    // colour. It defaults to No and counts as No when nobody answers in time.
     virtual bool ConfirmTooDark(QWidget* asker_I) = 0;
 
     // The main dialog's frame in screen coordinates, which the dialogs are placed beside.

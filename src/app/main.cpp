@@ -2,7 +2,6 @@
 // and returns the dialog's result as the exit code.
 
 #include "app/CMainDialog.h"
-#include "app/CSecondaryDialogs.h"
 #include "app/CommandLine.h"
 #include "app/PlatformChoice.h"
 
@@ -31,6 +30,6 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "paneltune: %s\n", message.c_str());
         return 0;
     }
-    CMainDialog dialog(commandLine.options, {platform, CSecondaryDialogs::Factory(), {}});
+    CMainDialog dialog(commandLine.options, {platform, {}, {}});
     return dialog.Run();
 }

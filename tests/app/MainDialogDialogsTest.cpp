@@ -1,7 +1,6 @@
-#include "app/CSecondaryDialogs.h"
-
 #include "DialogHarness.h"
 
+#include <QMessageBox>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -10,32 +9,15 @@ namespace {
 
 constexpr uint8_t kGainBlue = 0x1A;
 
-// The main dialog with the real advanced and colour dialogs behind its buttons.
+// The main dialog with the real advanced and colour dialogs behind its buttons, which it makes
+// when it is given no other maker.
 class MainDialogDialogsTest : public DialogTest {
 protected:
-    bool StartWithDialogs(const std::string& description_I) {
-        std::string error;
-        mPlatform = CSimulatedPlatform::FromDescription(description_I, error);
-        EXPECT_NE(mPlatform, nullptr) << error;
-        if (!mPlatform) {
-            return false;
-        }
-        SDisplayConfigOptions options;
-        options.language = LanguageProvider("en");
-        SMainDialogEnvironment environment;
-        environment.platform = mPlatform;
-        environment.makeSecondaryDialogs = CSecondaryDialogs::Factory();
-        environment.instanceName = QStringLiteral("paneltune-dialogs-test-%1").arg(getpid());
-        mDialog = std::make_unique<CTestMainDialog>(options, environment);
-        mDialog->SetDarkQuestionTimeout(0);
-        return mDialog->OnInitDialog();
-    }
-
     QDialog* Secondary(const char* name_I) { return mDialog->findChild<QDialog*>(name_I); }
 };
 
 TEST_F(MainDialogDialogsTest, AdvancedOpensBesideTheMainDialogAndAFailedWriteEndsTheProgram) {
-    ASSERT_TRUE(StartWithDialogs("ElmLarge@video"));
+    ASSERT_TRUE(Start("ElmLarge@video"));
     Find<QPushButton>("advancedButton")->click();
     QDialog* advanced = Secondary("advancedDialog");
     ASSERT_NE(advanced, nullptr);
@@ -56,7 +38,7 @@ TEST_F(MainDialogDialogsTest, AdvancedOpensBesideTheMainDialogAndAFailedWriteEnd
 }
 
 TEST_F(MainDialogDialogsTest, SetRunsTheColourDialogUntilItsOk) {
-    ASSERT_TRUE(StartWithDialogs("Birch@ftdi"));
+    ASSERT_TRUE(Start("Birch@ftdi"));
     const QStringList settings = Rows("colorSettingCombo");
     const int custom = static_cast<int>(settings.size()) - 1;
     Choose("colorSettingCombo", custom);
@@ -77,6 +59,33 @@ TEST_F(MainDialogDialogsTest, SetRunsTheColourDialogUntilItsOk) {
     EXPECT_TRUE(ran);
     EXPECT_EQ(ScalerValue(0, kGainBlue), 77);
     EXPECT_FALSE(Secondary("colorDialog")->isVisible());
+    EXPECT_FALSE(Dialog().Ended());
+}
+
+TEST_F(MainDialogDialogsTest, TheColourDialogAsksTheMainDialogsTooDarkQuestion) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    Choose("colorSettingCombo", static_cast<int>(Rows("colorSettingCombo").size()) - 1);
+    ASSERT_TRUE(Shown("setButton"));
+    Dialog().mAnswers[CMainDialog::EModal::eDarkQuestion] = QMessageBox::No;
+    const int blueBefore = ScalerValue(0, kGainBlue);
+    bool ran = false;
+    QTimer::singleShot(0, [this, &ran] {
+        auto* color = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(color, nullptr);
+        QSlider* black = color->findChild<QSlider*>("blackSlider");
+        ASSERT_NE(black, nullptr);
+        black->setSliderDown(true);
+        black->setSliderPosition(700);
+        black->setSliderDown(false);
+        // Refused: the main dialog asked once, and the colour went back.
+        EXPECT_EQ(Dialog().Count(CMainDialog::EModal::eDarkQuestion), 1u);
+        EXPECT_NE(black->value(), 700);
+        color->findChild<QPushButton*>("ok")->click();
+        ran = true;
+    });
+    Find<QPushButton>("setButton")->click();
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(ScalerValue(0, kGainBlue), blueBefore);
     EXPECT_FALSE(Dialog().Ended());
 }
 
