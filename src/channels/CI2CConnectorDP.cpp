@@ -1,7 +1,6 @@
 #include "channels/CI2CConnectorDP.h"
 
 #include "channels/ChannelFrames.h"
-#include "foundation/HexDump.h"
 #include "foundation/Trace.h"
 
 namespace {
@@ -43,23 +42,7 @@ ByteVector CI2CConnectorDP::ReadEDID(uint32_t /*sid_I*/) {
 }
 
 FileVersion CI2CConnectorDP::FWVersion() {
-    const bool tracing = gTraceEnabled;
-    const ByteVector request = BuildFirmwareRequest();
-    if (tracing) {
-        DumpBuffer(request, "Read FW ver name");
-    }
-    ByteVector inBuffer = SendRequest(request, kFirmwareDelayS, kFirmwareExpectedSize, 0);
-    VRX_ASSERT(!inBuffer.empty());
-    if (tracing) {
-        DumpBuffer(inBuffer, "Result");
-    }
-    if (inBuffer.empty()) {
-        return {};
-    }
-    if (Checksum(inBuffer, kReplySeed) != 0) {
-        VRX_ASSERT_NOT_REACHED("FWVersion read checksum mismatch");
-        Trace("FWVersion:Read checksum failed\n");
-    }
-    inBuffer.pop_back();
-    return FirmwareFromFeatureReply(inBuffer);
+    const std::optional<ByteVector> reply =
+        SendFirmwareRequest(*this, BuildFirmwareRequest(), kFirmwareDelayS, kFirmwareExpectedSize);
+    return reply ? FirmwareFromFeatureReply(*reply) : FileVersion();
 }

@@ -206,11 +206,7 @@ FileVersion CI2CConnectorFTDI::FWVersion() {
         inBuffer = SendRequest(request, kFirmwareDelayS, kFirmwareExpectedSize, kRetries);
     }
     if (!inBuffer.empty()) {
-        if (Checksum(inBuffer, kReplySeed) != 0) {
-            VRX_ASSERT_NOT_REACHED("FWVersion read checksum mismatch");
-            Trace("FWVersion:Read checksum failed\n");
-        }
-        inBuffer.pop_back();
+        DropFirmwareCheckByte(inBuffer);
     }
     if (inBuffer.size() < kFirmwareReplySize) {
         if (inBuffer.size() < 2) {

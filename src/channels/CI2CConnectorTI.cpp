@@ -103,24 +103,13 @@ ByteVector CI2CConnectorTI::ReadEDID(uint32_t /*sid_I*/) {
 }
 
 FileVersion CI2CConnectorTI::FWVersion() {
-    const bool tracing = gTraceEnabled;
-    const ByteVector request = BuildRequestFrame({kPrivateCommand, kFirmwareCommand});
-    if (tracing) {
-        DumpBuffer(request, "Read FW ver name");
-    }
-    ByteVector inBuffer = SendRequest(request, kBridgeDelayS, kBridgeExpectedSize, 0);
-    VRX_ASSERT(!inBuffer.empty());
-    if (tracing) {
-        DumpBuffer(inBuffer, "Result");
-    }
-    if (inBuffer.empty()) {
+    const std::optional<ByteVector> reply =
+        SendFirmwareRequest(*this, BuildRequestFrame({kPrivateCommand, kFirmwareCommand}),
+                            kBridgeDelayS, kBridgeExpectedSize);
+    if (!reply) {
         return {};
     }
-    if (Checksum(inBuffer, kReplySeed) != 0) {
-        VRX_ASSERT_NOT_REACHED("FWVersion read checksum mismatch");
-        Trace("FWVersion:Read checksum failed\n");
-    }
-    inBuffer.pop_back();
+    const ByteVector& inBuffer = *reply;
     VRX_ASSERT(inBuffer.size() == 8);
     VRX_ASSERT(inBuffer[0] == 0x6E);
     VRX_ASSERT(inBuffer.size() > 1 && inBuffer[1] == 0x86);

@@ -139,3 +139,29 @@ FileVersion FirmwareFromFeatureReply(const ByteVector& reply_I) {
 ByteVector BuildFirmwareRequest() {
     return BuildGetVCPFeature(vcpC_DisplayFirmwareLevel);
 }
+
+void DropFirmwareCheckByte(ByteVector& reply_I) {
+    if (Checksum(reply_I, kReplySeed) != 0) {
+        VRX_ASSERT_NOT_REACHED("FWVersion read checksum mismatch");
+        Trace("FWVersion:Read checksum failed\n");
+    }
+    reply_I.pop_back();
+}
+
+std::optional<ByteVector> SendFirmwareRequest(Connector& connector_I, const ByteVector& request_I,
+                                              double delayS_I, unsigned expectedSize_I) {
+    const bool tracing = gTraceEnabled;
+    if (tracing) {
+        DumpBuffer(request_I, "Read FW ver name");
+    }
+    ByteVector inBuffer = connector_I.SendRequest(request_I, delayS_I, expectedSize_I, 0);
+    VRX_ASSERT(!inBuffer.empty());
+    if (tracing) {
+        DumpBuffer(inBuffer, "Result");
+    }
+    if (inBuffer.empty()) {
+        return std::nullopt;
+    }
+    DropFirmwareCheckByte(inBuffer);
+    return inBuffer;
+}

@@ -1,10 +1,11 @@
 #pragma once
 // Exchanges that several connectors share word for word: the factory-mode switch, the EDID read
-// in sixteen chunks that it brackets, and the reading of a firmware-level reply. They work
-// through the connector's own SendRequest.
+// in sixteen chunks that it brackets, and the firmware-level request and reply. They work through
+// the connector's own SendRequest.
 
 #include "ddc/Connector.h"
 
+#include <optional>
 #include <string>
 
 // 6E 51 84 C0 E1 00 m check, m 1 for on and 0 for off; the reply is only checked by assertions.
@@ -21,3 +22,12 @@ FileVersion FirmwareFromFeatureReply(const ByteVector& reply_I);
 
 // Get VCP Feature of the firmware level, 0xC9.
 ByteVector BuildFirmwareRequest();
+
+// Takes the check byte off a non-empty firmware reply; a check byte that does not add up is
+// traced and the reply kept all the same.
+void DropFirmwareCheckByte(ByteVector& reply_I);
+
+// One firmware request with its traces: the request, the reply and a bad check byte. The reply
+// comes back without its check byte, or nothing when none came.
+std::optional<ByteVector> SendFirmwareRequest(Connector& connector_I, const ByteVector& request_I,
+                                              double delayS_I, unsigned expectedSize_I);

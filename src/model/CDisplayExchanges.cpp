@@ -87,6 +87,15 @@ const char* ShortReplyFault(const ByteVector& inBuffer) {
     return "Send request unknown response";
 }
 
+// The code an exchange of the option is about; undefined when there is nothing to exchange.
+vcpCode ExchangedCode(const std::shared_ptr<VCPOptionBase>& option_I) {
+    if (!option_I) {
+        VRX_ASSERT(option_I.get());
+        return vcpC_Undefined;
+    }
+    return option_I->GetCode();
+}
+
 int32_t Word(const ByteVector& inBuffer, size_t high_I) {
     return (inBuffer[high_I] << 8) | inBuffer[high_I + 1];
 }
@@ -94,11 +103,7 @@ int32_t Word(const ByteVector& inBuffer, size_t high_I) {
 } // namespace
 
 void CDisplay::ReadVCPValue_(std::shared_ptr<VCPOptionBase> option_I) {
-    if (!option_I) {
-        VRX_ASSERT(option_I.get());
-        return;
-    }
-    const vcpCode code = option_I->GetCode();
+    const vcpCode code = ExchangedCode(option_I);
     if (code == vcpC_Undefined) {
         return;
     }
@@ -183,11 +188,7 @@ void CDisplay::ReadVCPValue_(std::shared_ptr<VCPOptionBase> option_I) {
 }
 
 void CDisplay::WriteVCPValue_(std::shared_ptr<VCPOptionBase> option_I) {
-    if (!option_I) {
-        VRX_ASSERT(option_I.get());
-        return;
-    }
-    const vcpCode code = option_I->GetCode();
+    const vcpCode code = ExchangedCode(option_I);
     if (code == vcpC_Undefined) {
         return;
     }

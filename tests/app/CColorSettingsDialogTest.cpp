@@ -20,6 +20,10 @@ constexpr uint8_t kGainRed = 0x16;
 constexpr uint8_t kGainGreen = 0x18;
 constexpr uint8_t kGainBlue = 0x1A;
 
+// Hue, saturation, gain and offset as Cancel writes them back, in this order.
+const std::vector<std::string> kAllFourTriples = {"9B", "9D", "9F", "59", "5B", "5D",
+                                                  "16", "18", "1A", "E4", "E5", "E6"};
+
 // The codes of the SetVCPValue trace lines, in order.
 std::vector<std::string> WrittenCodes(const std::string& lines_I) {
     std::vector<std::string> codes;
@@ -208,10 +212,35 @@ TEST_F(CColorSettingsDialogTest, CancelRewritesAllFourTriplesWhereTheAttributeIs
     CTraceCapture trace;
     Find<QPushButton>("cancel")->click();
     EXPECT_EQ(mRig->Current(0x9B), hueRed);
-    // Hue, saturation, gain and offset go back in this order.
-    EXPECT_EQ(
-        WrittenCodes(trace.Lines()),
-        (std::vector<std::string>{"9B", "9D", "9F", "59", "5B", "5D", "16", "18", "1A", "E4"}));
+    EXPECT_EQ(WrittenCodes(trace.Lines()), kAllFourTriples);
+    // Every triple takes its original back, so the program goes on.
+    EXPECT_TRUE(mOwner.communicationErrors.empty());
+    EXPECT_EQ(mDialog->result(), QDialog::Rejected);
+    EXPECT_FALSE(mDialog->WindowExists());
+}
+
+TEST_F(CColorSettingsDialogTest, CancelRestoresTheOffsetOnEveryFamilyWithTheAttribute) {
+    for (const char* description : {"Birch@ftdi", "ElmLarge@ftdi", "ElmHuge@ftdi"}) {
+        SCOPED_TRACE(description);
+        mDialog.reset();
+        mRig.reset();
+        mOwner.communicationErrors.clear();
+        Open(description);
+        QComboBox* attribute = Find<QComboBox>("attribute");
+        ASSERT_TRUE(attribute->isVisible());
+        const int offsetRed = mRig->Current(0xE4);
+        ASSERT_GT(offsetRed, 0);
+        attribute->setCurrentIndex(eColorMod_Offset);
+        emit attribute->activated(eColorMod_Offset);
+        Type("redEdit", "0");
+        EXPECT_EQ(mRig->Current(0xE4), 0);
+
+        CTraceCapture trace;
+        Find<QPushButton>("cancel")->click();
+        EXPECT_EQ(mRig->Current(0xE4), offsetRed);
+        EXPECT_EQ(WrittenCodes(trace.Lines()), kAllFourTriples);
+        EXPECT_TRUE(mOwner.communicationErrors.empty());
+    }
 }
 
 TEST_F(CColorSettingsDialogTest, CancelRewritesOnlyGainWithoutTheAttribute) {

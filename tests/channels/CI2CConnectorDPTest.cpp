@@ -99,8 +99,12 @@ TEST(FrameLayerDP, FirmwareReplyIsCheckedByteByByte) {
         FileVersion version;
     };
     const FileVersion v321(3, 2, 1, FileVersion::EFinalVersion, 0);
+    ByteVector badCheck = reply(0x02, 0x00, 0xC9, 0x00);
+    badCheck.back() ^= 0x01;
     const SCase cases[] = {
         {reply(0x02, 0x00, 0xC9, 0x00), v321},
+        // A wrong check byte is traced and the reply read all the same.
+        {badCheck, v321},
         {reply(0x02, 0x00, 0xC9, 0x01), v321},
         {reply(0x02, 0x00, 0xC9, 0x02), {}},
         {reply(0x02, 0x01, 0xC9, 0x00), {}},

@@ -20,6 +20,10 @@ const std::vector<SFakeCode> kSixAxisAndOffset{
     {0x9B, 50, 100}, {0x9D, 50, 100},  {0x9F, 50, 100},  {0x59, 50, 100}, {0x5B, 50, 100},
     {0x5D, 50, 100}, {0xE4, 128, 255}, {0xE5, 128, 255}, {0xE6, 128, 255}};
 
+// Gamma in tenths, display preset 5 and the Elm's switches.
+const std::vector<SFakeCode> kElmSettings{{0x14, 5}, {0x72, 22, 30}, {0xE0, 0}, {0xE2, 1},
+                                          {0xE8, 0}, {0xE9, 0},      {0xEE, 0}, {0xF0, 5}};
+
 std::vector<SFakeCode> Join(std::initializer_list<std::vector<SFakeCode>> parts_I) {
     std::vector<SFakeCode> all;
     for (const std::vector<SFakeCode>& part : parts_I) {
@@ -47,32 +51,10 @@ std::vector<SFakeCode> FamilyCodes(uint16_t edid_I) {
                       {0xF0, 7}}});
     case Edid::ElmSmall:
     case Edid::ElmHuge:
-        return Join({kTriggers,
-                     kLevels,
-                     kGains,
-                     kSixAxisAndOffset,
-                     {{0x14, 5},
-                      {0x72, 22, 30},
-                      {0xE0, 0},
-                      {0xE2, 1},
-                      {0xE8, 0},
-                      {0xE9, 0},
-                      {0xEE, 0},
-                      {0xF0, 5}}});
+        return Join({kTriggers, kLevels, kGains, kSixAxisAndOffset, kElmSettings});
     case Edid::ElmLarge:
-        return Join({kTriggers,
-                     kLevels,
-                     kGains,
-                     kSixAxisAndOffset,
-                     {{0x14, 5},
-                      {0x72, 22, 30},
-                      {0xE0, 0},
-                      {0xE2, 1},
-                      {0xE8, 0},
-                      {0xE9, 0},
-                      {0xEE, 0},
-                      {0xF0, 5},
-                      {0xF3, 1}}});
+        // The larger Elm adds its fan.
+        return Join({kTriggers, kLevels, kGains, kSixAxisAndOffset, kElmSettings, {{0xF3, 1}}});
     case Edid::FirSmall:
         return Join({kTriggers,
                      kGains,

@@ -5,8 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
+#include <vector>
 
 namespace {
 
@@ -18,6 +22,26 @@ CSimDisplay MakeDisplay(std::string_view model_I) {
 
 int Value(CSimDisplay& display_I, uint8_t code_I) {
     return ParseVcpReply(display_I.Transact(GetVcp(code_I)), code_I).value;
+}
+
+// The vcp list of a capability string as a host walks it: each code with its offered values.
+std::map<uint8_t, std::string> OfferedCodes(const std::string& caps_I) {
+    std::map<uint8_t, std::string> offered;
+    const std::string list = caps_I.substr(caps_I.find("vcp(") + 4);
+    for (size_t at = 0; at + 1 < list.size() && list[at] != ')';) {
+        const uint8_t code =
+            static_cast<uint8_t>(std::strtol(list.substr(at, 2).c_str(), nullptr, 16));
+        at += 2;
+        std::string values;
+        if (list[at] == '(') {
+            const size_t close = list.find(')', at);
+            values = list.substr(at + 1, close - at - 1);
+            at = close + 1;
+        }
+        at += list[at] == ' ' ? 1 : 0;
+        offered[code] = values;
+    }
+    return offered;
 }
 
 } // namespace
@@ -271,21 +295,9 @@ TEST(SimScaler, AnswersTheTiBridgeCommands) {
 TEST(SimScaler, EveryOfferedCodeAnswersWithAValueItOffers) {
     for (const SSimModel& model : SimModels()) {
         CSimDisplay display(model, "SN00000000001", DefaultSimChannels(model));
-        const std::string caps = display.Scaler().CapabilityString();
-        const size_t vcpAt = caps.find("vcp(") + 4;
-        // Walk the vcp list as a host would: a code, then its values in parentheses.
-        std::string list = caps.substr(vcpAt);
-        for (size_t at = 0; at + 1 < list.size() && list[at] != ')';) {
-            const uint8_t code =
-                static_cast<uint8_t>(std::strtol(list.substr(at, 2).c_str(), nullptr, 16));
-            at += 2;
-            std::string values;
-            if (list[at] == '(') {
-                const size_t close = list.find(')', at);
-                values = list.substr(at + 1, close - at - 1);
-                at = close + 1;
-            }
-            at += list[at] == ' ' ? 1 : 0;
+        const auto offered = OfferedCodes(display.Scaler().CapabilityString());
+        ASSERT_FALSE(offered.empty()) << model.name;
+        for (const auto& [code, values] : offered) {
             const SVcpAnswer answer = ParseVcpReply(display.Transact(GetVcp(code)), code);
             const SSimFeature& feature = *FindSimFeature(display.Scaler().Family(), code);
             if (feature.access == ESimAccess::eWriteOnly) {
@@ -306,6 +318,58 @@ TEST(SimScaler, EveryOfferedCodeAnswersWithAValueItOffers) {
         for (const SSimEffect& effect : display.Scaler().Family().effects) {
             EXPECT_NE(display.Scaler().Current(effect.targetCode), std::nullopt)
                 << model.name << " effect on " << int(effect.targetCode);
+        }
+    }
+}
+
+TEST(SimScaler, OffersEveryColourTripleTheHostUsesInTheScaleItUses) {
+    constexpr std::array<uint8_t, 3> kHue = {0x9B, 0x9D, 0x9F};
+    constexpr std::array<uint8_t, 3> kSaturation = {0x59, 0x5B, 0x5D};
+    constexpr std::array<uint8_t, 3> kGain = {0x16, 0x18, 0x1A};
+    constexpr std::array<uint8_t, 3> kOffset = {0xE4, 0xE5, 0xE6};
+    struct SSlot {
+        std::array<uint8_t, 3> codes;
+        int maximum; // 100 where the host works in percent, else 255
+    };
+    // Families with the attribute choice restore all four triples on Cancel; the others only
+    // ever touch the gains.
+    const struct {
+        ESimFamily family;
+        std::vector<SSlot> slots;
+    } expected[] = {
+        {ESimFamily::eAlder, {{kGain, 100}}},
+        {ESimFamily::eBirch, {{kHue, 255}, {kSaturation, 255}, {kGain, 255}, {kOffset, 255}}},
+        {ESimFamily::eElm, {{kHue, 100}, {kSaturation, 100}, {kGain, 255}, {kOffset, 255}}},
+        {ESimFamily::eElmLarge, {{kHue, 100}, {kSaturation, 100}, {kGain, 100}, {kOffset, 100}}},
+        {ESimFamily::eElmHuge, {{kHue, 100}, {kSaturation, 100}, {kGain, 255}, {kOffset, 255}}},
+        {ESimFamily::eFir, {{kGain, 255}}},
+        {ESimFamily::eFirTwo, {{kGain, 255}}},
+        {ESimFamily::eHazel, {{kGain, 255}}},
+        {ESimFamily::eCedarOne, {{kGain, 255}}},
+        {ESimFamily::eCedarTwo, {{kGain, 255}}},
+    };
+    for (const SSimModel& model : SimModels()) {
+        const auto row = std::find_if(std::begin(expected), std::end(expected),
+                                      [&](const auto& r) { return r.family == model.family; });
+        ASSERT_NE(row, std::end(expected)) << model.name << " has no expected colour slots";
+        CSimDisplay display(model, "SN00000000001", DefaultSimChannels(model));
+        const auto offered = OfferedCodes(display.Scaler().CapabilityString());
+        for (const SSlot& slot : row->slots) {
+            for (const uint8_t code : slot.codes) {
+                SCOPED_TRACE(std::string(model.name) + " code " + std::to_string(code));
+                const auto found = offered.find(code);
+                ASSERT_NE(found, offered.end());
+                EXPECT_TRUE(found->second.empty()) << "a continuous range";
+                const SVcpAnswer answer = ParseVcpReply(display.Transact(GetVcp(code)), code);
+                ASSERT_EQ(answer.result, 0);
+                EXPECT_EQ(answer.maximum, slot.maximum);
+                EXPECT_LE(answer.value, answer.maximum);
+                // What Cancel writes back is taken: the top of the range and the bottom.
+                for (const int value : {slot.maximum, 0}) {
+                    display.Transact(SetVcp(code, static_cast<uint16_t>(value)));
+                    EXPECT_EQ(Value(display, code), value);
+                }
+            }
         }
     }
 }
