@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <optional>
 
 #include <unistd.h>
@@ -45,7 +46,8 @@ protected:
 };
 
 int Brightness(const std::string& getAll_I) {
-    for (const SJson& setting : ParseJson(getAll_I).value_or(SJson{})["settings"].items) {
+    const SJson json = ParseJson(getAll_I).value_or(SJson{});
+    for (const SJson& setting : json["settings"].items) {
         if (setting["name"].text == "brightness") {
             return setting["value"].Int();
         }
@@ -100,4 +102,60 @@ TEST_F(ProfileTest, ApplyingAProfileBringsBackEverySettingOfEachFamily) {
         run({"profile", "delete", "night"});
         EXPECT_FALSE(fs::exists(File("night")));
     }
+}
+
+TEST_F(ProfileTest, ProfilesOfOtherModelsDamagedOrMissingAreRefusedWithOneLine) {
+    const std::string twoDisplays = "ElmLarge@video,Hazel@hid";
+    ASSERT_EQ(Run({"--simulate", twoDisplays, "profile", "save", "night"}).exit, 0);
+    const std::string night = [&] {
+        std::ifstream file(File("night"));
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }();
+    std::ofstream(File("broken")) << "model = PDX-3200\nserial\n";
+
+    struct SRow {
+        std::vector<std::string> args;
+        int exit;
+        const char* error;
+    };
+    const SRow rows[] = {
+        {{"--display", "1", "profile", "apply", "night"}, 2, "belongs to a PDX-3200"},
+        {{"--display", "1", "profile", "save", "night"}, 2, "delete it first"},
+        {{"profile", "apply", "broken"}, 2, "is damaged"},
+        {{"profile", "apply", "missing"}, 2, "there is no profile 'missing'"},
+        {{"profile", "delete", "missing"}, 2, "there is no profile 'missing'"},
+        {{"profile", "save", "../night"}, 1, "is not a profile name"},
+        {{"profile", "rename", "night"}, 1, "unknown action 'rename'"},
+        {{"profile", "list", "night"}, 1, "takes no NAME"},
+        {{"profile", "apply"}, 1, "needs NAME"},
+    };
+    for (const SRow& row : rows) {
+        std::vector<std::string> args = {"--simulate", twoDisplays};
+        args.insert(args.end(), row.args.begin(), row.args.end());
+        const SCliRun run = Run(args);
+        EXPECT_EQ(run.exit, row.exit) << row.error;
+        EXPECT_TRUE(IsOneErrorLine(run.err)) << run.err;
+        EXPECT_NE(run.err.find(row.error), std::string::npos) << run.err;
+    }
+    std::ifstream file(File("night"));
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), night);
+
+    const std::optional<SJson> list = ParseJson(Run({"profile", "list", "--json"}).out);
+    ASSERT_TRUE(list.has_value());
+    ASSERT_EQ((*list)["profiles"].items.size(), 2u);
+    EXPECT_FALSE((*list)["profiles"][0]["valid"].boolean); // broken
+    EXPECT_EQ((*list)["profiles"][1]["serial"].text, "VRX1060000001");
+}
+
+TEST_F(ProfileTest, ApplyWithSaveStoresTheSettingsInTheDisplay) {
+    ASSERT_EQ(Run({"--simulate", "Birch", "set", "brightness", "20"}).exit, 0);
+    ASSERT_EQ(Run({"--simulate", "Birch", "profile", "save", "night"}).exit, 0);
+    ASSERT_EQ(Run({"--simulate", "Birch", "set", "brightness", "80", "--save"}).exit, 0);
+    const SCliRun run =
+        Run({"--simulate", "Birch", "profile", "apply", "night", "--save", "--json"});
+    ASSERT_EQ(run.exit, 0) << run.err;
+    const SJson json = ParseJson(run.out).value_or(SJson{});
+    EXPECT_TRUE(json["saved"].boolean);
+    EXPECT_EQ(json["changed"][0].text, "brightness");
+    EXPECT_EQ(Sim().Scaler().Saved(0x10), 20);
 }
