@@ -24,6 +24,7 @@
 #include <memory>
 #include <string>
 
+class CProfileControl;
 class QLabel;
 class QLineEdit;
 class QLocalServer;
@@ -208,4 +209,5 @@ private:
     QPushButton* mAdvancedButton = nullptr;
     QPushButton* mRevertButton = nullptr;
     QPushButton* mSaveButton = nullptr;
+    CProfileControl* mProfileControl = nullptr;
 };
