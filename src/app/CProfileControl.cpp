@@ -20,13 +20,11 @@ QString Joined(const std::vector<SProfileSkip>& skips_I) {
 
 CProfileControl::CProfileControl(DisplayAccess access_I, std::function<void()> applied_I,
                                  QWidget* parent_I)
-    : QToolButton(parent_I), mAccess(std::move(access_I)), mApplied(std::move(applied_I)),
+    : QPushButton(parent_I), mAccess(std::move(access_I)), mApplied(std::move(applied_I)),
       mStore(CProfileStore::DefaultDirectory()) {
     setObjectName(QStringLiteral("profileButton"));
     setText(tr("Profiles"));
     setToolTip(tr("Apply, save or delete a named set of this display's settings"));
-    setPopupMode(QToolButton::InstantPopup);
-    setToolButtonStyle(Qt::ToolButtonTextOnly);
     auto* menu = new QMenu(this);
     connect(menu, &QMenu::aboutToShow, this, [this] { FillMenu(); });
     setMenu(menu);

@@ -8,13 +8,13 @@
 
 #include <QString>
 #include <QStringList>
-#include <QToolButton>
+#include <QPushButton>
 
 #include <functional>
 
 class UiDisplayDelegate;
 
-class CProfileControl : public QToolButton {
+class CProfileControl : public QPushButton {
     Q_OBJECT
 
 public:
