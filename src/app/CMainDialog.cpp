@@ -352,6 +352,7 @@ bool CMainDialog::OnInitDialog() {
     auto* hotKey = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+R")), this);
     hotKey->setContext(Qt::ApplicationShortcut);
     connect(hotKey, &QShortcut::activated, this, [this] { DoFactoryReset(true); });
+    WatchHotplug();
     return true;
 }
 

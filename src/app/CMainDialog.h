@@ -24,6 +24,7 @@
 #include <memory>
 #include <string>
 
+class CHotplugWatcher;
 class CProfileControl;
 class QLabel;
 class QLineEdit;
@@ -86,6 +87,8 @@ public:
     CDisplayConfigInterface* DisplayConfigIF() const { return mDisplayConfigIF.get(); }
     ISecondaryDialogs* SecondaryDialogs() const { return mSecondary.get(); }
     const QString& InstanceName() const { return mInstanceName; }
+    // What the last change of the plugged displays said to the user; empty when nothing changed.
+    const QString& LastHotplugNotice() const { return mHotplugNotice; }
     // The delay after which the dark-settings question answers No by itself.
     void SetDarkQuestionTimeout(int milliseconds_I) { mDarkQuestionTimeoutMs = milliseconds_I; }
 
@@ -116,6 +119,10 @@ private:
     void FillDisplayCombo();
     void PrepareCurrentDisplay(bool refresh_I);
     void ClearColorCombos();
+
+    // Displays plugged in or out (CMainDialogHotplug.cpp).
+    void WatchHotplug();
+    void FollowHotplug();
 
     // Placement and the close sequence.
     void PlaceWindow();
@@ -210,4 +217,6 @@ private:
     QPushButton* mRevertButton = nullptr;
     QPushButton* mSaveButton = nullptr;
     CProfileControl* mProfileControl = nullptr;
+    CHotplugWatcher* mHotplugWatcher = nullptr;
+    QString mHotplugNotice;
 };

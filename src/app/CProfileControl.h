@@ -6,9 +6,9 @@
 #include "profiles/CProfileStore.h"
 #include "profiles/SProfile.h"
 
+#include <QPushButton>
 #include <QString>
 #include <QStringList>
-#include <QPushButton>
 
 #include <functional>
 
