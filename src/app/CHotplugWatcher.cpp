@@ -16,7 +16,7 @@ bool Holds(const std::vector<SListedDisplay>& list_I, const std::wstring& id_I) 
 } // namespace
 
 CHotplugWatcher::CHotplugWatcher(std::shared_ptr<IDisplayPlatform> platform_I,
-                                 std::function<void()> settled_I, QObject* parent_I)
+                                 std::function<bool()> settled_I, QObject* parent_I)
     : QObject(parent_I), mPlatform(std::move(platform_I)), mSettled(std::move(settled_I)) {
     setObjectName(QStringLiteral("hotplugWatcher"));
     mTimer.setInterval(kPollMs);
@@ -52,8 +52,13 @@ bool CHotplugWatcher::Poll() {
         return false;
     }
     mPending = false;
-    mTimer.stop();
-    mSettled();
+    if (!mSettled()) {
+        mPending = true;
+        return false;
+    }
+    if (!mPending) {
+        mTimer.stop();
+    }
     return true;
 }
 

@@ -122,7 +122,8 @@ private:
 
     // Displays plugged in or out (CMainDialogHotplug.cpp).
     void WatchHotplug();
-    void FollowHotplug();
+    // false while a task or a question runs, which the change waits for.
+    bool FollowHotplug();
 
     // Placement and the close sequence.
     void PlaceWindow();

@@ -7,6 +7,7 @@
 #include "foundation/CSignalThread.h"
 #include "model/UiDisplayDelegate.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QToolTip>
 
@@ -26,12 +27,15 @@ std::vector<SListedDisplay> Listed(const CDisplayConfigInterface& config_I) {
 
 void CMainDialog::WatchHotplug() {
     mHotplugWatcher = new CHotplugWatcher(
-        mEnvironment.platform, [this] { FollowHotplug(); }, this);
+        mEnvironment.platform, [this] { return FollowHotplug(); }, this);
 }
 
-void CMainDialog::FollowHotplug() {
+bool CMainDialog::FollowHotplug() {
     if (mEnded || !mDisplayConfigIF) {
-        return;
+        return true;
+    }
+    if (mTaskTick.isActive() || QApplication::activeModalWidget() != nullptr) {
+        return false;
     }
     const std::vector<SListedDisplay> before = Listed(*mDisplayConfigIF);
     std::wstring selected;
@@ -55,7 +59,7 @@ void CMainDialog::FollowHotplug() {
         mSecondary->CloseAdvanced();
         EndDialog(0);
         ShowNotSupportedWindow();
-        return;
+        return true;
     }
     FillDisplayCombo();
     const auto& infos = mDisplayConfigIF->DisplayInfos();
@@ -76,4 +80,5 @@ void CMainDialog::FollowHotplug() {
         QToolTip::showText(combo->mapToGlobal(QPoint(0, combo->height())), mHotplugNotice, combo,
                            {}, kNoticeMs);
     }
+    return true;
 }
