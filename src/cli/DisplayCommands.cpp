@@ -89,9 +89,11 @@ bool ParseVcpValue(std::string_view text_I, int32_t& value_O) {
 
 class CDisplayCommands {
 public:
-    CDisplayCommands(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I)
+    CDisplayCommands(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I,
+                     std::shared_ptr<IDisplayFactsStore> factsStore_I)
         : mContext(context_I), mOptions(context_I.options),
-          mConfig(MakeDisplayConfigOptions(context_I.options), std::move(platform_I)) {}
+          mConfig(ConfigOptions(context_I.options, std::move(factsStore_I)),
+                  std::move(platform_I)) {}
 
     int Run() {
         if (mOptions.command == ECliCommand::eList) {
@@ -126,6 +128,13 @@ public:
     }
 
 private:
+    static SDisplayConfigOptions ConfigOptions(const SCliOptions& options_I,
+                                               std::shared_ptr<IDisplayFactsStore> factsStore_I) {
+        SDisplayConfigOptions config = MakeDisplayConfigOptions(options_I);
+        config.factsStore = std::move(factsStore_I);
+        return config;
+    }
+
     int NoDisplay() const {
         return mContext.Fail(eCliExit_NotOffered, mConfig.LastError().empty()
                                                       ? "no display found"
@@ -553,6 +562,7 @@ private:
 
 } // namespace
 
-int RunDisplayCommand(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I) {
-    return CDisplayCommands(context_I, std::move(platform_I)).Run();
+int RunDisplayCommand(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I,
+                      std::shared_ptr<IDisplayFactsStore> factsStore_I) {
+    return CDisplayCommands(context_I, std::move(platform_I), std::move(factsStore_I)).Run();
 }

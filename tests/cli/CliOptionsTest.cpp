@@ -95,7 +95,14 @@ TEST(CliOptions, DiscoveryOptionsFollowTheLine) {
     EXPECT_EQ(config.connectionMode, eConnectionMode_FTDI);
     EXPECT_TRUE(config.language.mKnown);
     EXPECT_EQ(config.language.mLanguage.languageId, LanguageProvider("de").mLanguage.languageId);
+    EXPECT_TRUE(config.setOsdLanguage);
+    EXPECT_FALSE(config.refreshFacts);
 
+    // Without --language the displays' menus keep theirs.
+    options.language.clear();
+    options.refresh = true;
+    EXPECT_FALSE(MakeDisplayConfigOptions(options).setOsdLanguage);
+    EXPECT_TRUE(MakeDisplayConfigOptions(options).refreshFacts);
     // An unknown language leaves the user's own.
     options.language = "klingon";
     EXPECT_EQ(MakeDisplayConfigOptions(options).language.mLanguage.languageId,
