@@ -47,12 +47,19 @@ for display in ${DISPLAYS:-ElmLarge@video Birch@ftdi}; do
     for question in "get brightness" "set brightness 40" "list"; do
         # shellcheck disable=SC2086
         if [ "$display" = system ]; then set -- $question; else set -- --simulate "$display" $question; fi
-        cold_prepare="rm -rf '$cache/paneltune'"
-        warm_prepare="true"
-        rm -rf "$cache/paneltune"
+        # A display that keeps its state between runs (the emulated bus) gets another value back
+        # before each set, so that every set writes.
+        unset_value=true
+        if [ "${question%% *}" = set ]; then
+            unset_value="'$ctl' ${*:1:$#-1} 41 >/dev/null 2>&1"
+        fi
+        cold_prepare="$unset_value; rm -rf '$cache/paneltune'"
+        warm_prepare="$unset_value"
+        bash -c "$cold_prepare"
         cold_waits=$(waits "$@")
         cold=$(wall_ms "$cold_prepare" "$@")
         "$ctl" "$@" >/dev/null 2>&1 || true
+        bash -c "$warm_prepare"
         warm_waits=$(waits "$@")
         warm=$(wall_ms "$warm_prepare" "$@")
         printf '%-16s %-18s %-5s %10s %12s\n' "$display" "$question" cold "$cold" "$cold_waits"
