@@ -357,7 +357,7 @@ TEST_F(CliTest, AWarmGetAsksOnlyTheCheckAndWhatTheAnswerNeeds) {
         uint64_t warmWaitsMs;
     };
     const SRow rows[] = {
-        {"ElmLarge@video", 5, 320}, {"Hazel@hid", 4, 0},         {"Birch@ftdi", 9, 3776},
+        {"ElmLarge@video", 5, 320}, {"Hazel@hid", 4, 0},        {"Birch@ftdi", 9, 3776},
         {"Aspen@serial", 3, 870},   {"CedarSmall@ti", 21, 940},
     };
     for (const SRow& row : rows) {
@@ -406,6 +406,12 @@ TEST_F(CliTest, KeptFactsThatDoNotHoldAreReadAgainAndRewritten) {
     const SCliRun refresh = Run({"--simulate", "ElmLarge@video", "--refresh", "list"});
     ASSERT_EQ(refresh.exit, 0) << refresh.err;
     EXPECT_GT(Sim().Scaler().Counters().requests, warmRequests);
+    // A cache folder that cannot be made costs a full read each time, nothing else.
+    setenv("XDG_CACHE_HOME", (file.string() + "/below-a-file").c_str(), 1);
+    for (int run = 0; run < 2; ++run) {
+        EXPECT_EQ(Run({"--simulate", "ElmLarge@video", "list"}).exit, 0);
+        EXPECT_GT(Sim().Scaler().Counters().requests, warmRequests);
+    }
 }
 
 TEST_F(CliTest, ReadingCommandsWriteNothingToAnyDisplayUnlessTheLanguageIsGiven) {
