@@ -1,6 +1,7 @@
 #include "cli/ProfileCommands.h"
 
 #include "cli/CJsonWriter.h"
+#include "cli/CliPlatform.h"
 #include "discovery/CDisplayConfigInterface.h"
 #include "foundation/StringUtilities.h"
 #include "model/UiDisplayDelegate.h"
@@ -85,8 +86,9 @@ private:
         if (!platform) {
             return mContext.Fail(mOptions.simulate ? eCliExit_Usage : eCliExit_NotOffered, error);
         }
-        mConfig = std::make_unique<CDisplayConfigInterface>(MakeDisplayConfigOptions(mOptions),
-                                                            std::move(platform));
+        SDisplayConfigOptions config = MakeDisplayConfigOptions(mOptions);
+        config.factsStore = MakeCliFactsStore(mOptions);
+        mConfig = std::make_unique<CDisplayConfigInterface>(config, std::move(platform));
         const size_t count = mConfig->DisplayInfos().size();
         if (count == 0) {
             return mContext.Fail(eCliExit_NotOffered,
