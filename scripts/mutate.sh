@@ -54,13 +54,20 @@ trap cleanup EXIT
 # The tree as it is in the worktree, edits not yet committed included. Only files whose content
 # differs are copied, so that a reused build rebuilds no more than what changed.
 [ "$check_only" = 1 ] && copy=$top
-[ "$copy" = "$top" ] || (cd "$top" && git ls-files -z --cached --others --exclude-standard) |
-    while IFS= read -r -d '' path; do
-        [ -f "$top/$path" ] || continue
-        cmp -s "$top/$path" "$copy/$path" && continue
-        mkdir -p "$(dirname "$copy/$path")"
-        cp "$top/$path" "$copy/$path"
-    done
+if [ "$copy" = "$top" ]; then
+    :
+elif [ ! -e "$copy/CMakeLists.txt" ]; then
+    (cd "$top" && git ls-files -z --cached --others --exclude-standard |
+        xargs -0 -r tar -cf - --ignore-failed-read --) | tar -xf - -C "$copy"
+else
+    (cd "$top" && git ls-files -z --cached --others --exclude-standard) |
+        while IFS= read -r -d '' path; do
+            [ -f "$top/$path" ] || continue
+            cmp -s "$top/$path" "$copy/$path" && continue
+            mkdir -p "$(dirname "$copy/$path")"
+            cp "$top/$path" "$copy/$path"
+        done
+fi
 
 # The copy builds as the project does, with ccache when the machine has it.
 if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ] && command -v ccache >/dev/null 2>&1; then
