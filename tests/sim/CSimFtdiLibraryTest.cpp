@@ -50,8 +50,8 @@ protected:
         ASSERT_EQ(mLibrary.SetTimeouts(handle_I, 5000, 5000), SimFt::kOk);
         ASSERT_EQ(mLibrary.SetLatencyTimer(handle_I, 8), SimFt::kOk);
         ASSERT_EQ(mLibrary.SetBitMode(handle_I, 0, 2), SimFt::kOk);
-        ASSERT_EQ(Write(handle_I, Join({{0x8A, 0x97, 0x8D, 0x9E, 0x02, 0x00, 0x80, 0x03, 0x03},
-                                        {0x86, 0x2B, 0x01, 0x82, 0x14, 0xFF}})),
+        ASSERT_EQ(Write(handle_I, {0x8A, 0x97, 0x8D, 0x9E, 0x02, 0x00, 0x80, 0x03, 0x03, 0x86, 0x2B,
+                                   0x01, 0x82, 0x14, 0xFF}),
                   SimFt::kOk);
     }
 
