@@ -86,11 +86,12 @@ split_tabs() {
     fields+=("$rest")
 }
 
-# Builds the layer's tests and runs them; stops at the first failing test.
+# Builds the layer's tests and runs them; stops at the first failing test. Returns 125 when the
+# build fails, else what ctest returns.
 run_layer() {
     local layer=$1 out=$2
     bash "$copy/scripts/build.sh" release --target "${layer//\//_}_tests" </dev/null >"$out" 2>&1 ||
-        return 2
+        return 125
     ctest --test-dir "$build" -R "^${layer//\//_}\." --no-tests=error --stop-on-failure --timeout 300 -j 2 \
         </dev/null >>"$out" 2>&1
 }
@@ -151,7 +152,7 @@ while IFS= read -r line || [ -n "$line" ]; do
     printf '%s' "$content" >"$target"
     case "$status" in
         0) echo "SURVIVED  $name ($file)"; failed=$((failed + 1)) ;;
-        2) echo "NOBUILD   $name: the mutated tree does not compile, see $log/$name.txt"
+        125) echo "NOBUILD   $name: the mutated tree does not compile, see $log/$name.txt"
            failed=$((failed + 1)) ;;
         *) echo "KILLED    $name"; killed=$((killed + 1)) ;;
     esac
