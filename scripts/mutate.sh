@@ -13,7 +13,7 @@
 # The list holds one mutant a line, five fields separated by tabs:
 #   file <TAB> original text <TAB> replacement <TAB> layer <TAB> name
 # The original text must occur exactly once in the file; the layer names the test executable
-# (<layer>_tests) and the CTest names (<layer>.*) that must catch the mutant. Blank lines and
+# (<layer>_tests) whose cases (<layer>.<suite>.<test> in CTest) must catch the mutant. Blank lines and
 # lines starting with # are skipped.
 #
 # Each mutant ends as KILLED (its layer's tests fail), SURVIVED (they pass), STALE (the original
@@ -86,13 +86,14 @@ split_tabs() {
     fields+=("$rest")
 }
 
-# Builds the layer's tests and runs them; stops at the first failing test. Returns 125 when the
-# build fails, else what ctest returns.
+# Builds the layer's test executable and runs its cases (<layer>.<suite>.<test>; the checks of a
+# whole install are left out); stops at the first failing case. Returns 125 when the build
+# fails, else what ctest returns.
 run_layer() {
     local layer=$1 out=$2
     bash "$copy/scripts/build.sh" release --target "${layer//\//_}_tests" </dev/null >"$out" 2>&1 ||
         return 125
-    ctest --test-dir "$build" -R "^${layer//\//_}\." --no-tests=error --stop-on-failure --timeout 300 -j 2 \
+    ctest --test-dir "$build" -R "^${layer//\//_}\.[^.]+\." --no-tests=error --stop-on-failure --timeout 300 -j 2 \
         </dev/null >>"$out" 2>&1
 }
 
