@@ -13,8 +13,8 @@
 # The list holds one mutant a line, five fields separated by tabs:
 #   file <TAB> original text <TAB> replacement <TAB> layer <TAB> name
 # The original text must occur exactly once in the file; the layer names the test executable
-# (<layer>_tests) whose cases (<layer>.<suite>.<test> in CTest) must catch the mutant. Blank lines and
-# lines starting with # are skipped.
+# (<layer>_tests) whose cases (<layer>.<suite>.<test> in CTest) must catch the mutant. Blank
+# lines and lines starting with # are skipped.
 #
 # Each mutant ends as KILLED (its layer's tests fail), SURVIVED (they pass), STALE (the original
 # text is not in the file exactly once, so the list needs updating), NOBUILD (the mutated tree
@@ -93,8 +93,8 @@ run_layer() {
     local layer=$1 out=$2
     bash "$copy/scripts/build.sh" release --target "${layer//\//_}_tests" </dev/null >"$out" 2>&1 ||
         return 125
-    ctest --test-dir "$build" -R "^${layer//\//_}\.[^.]+\." --no-tests=error --stop-on-failure --timeout 300 -j 2 \
-        </dev/null >>"$out" 2>&1
+    ctest --test-dir "$build" -R "^${layer//\//_}\.[^.]+\." --no-tests=error --stop-on-failure \
+        --timeout 300 -j 2 </dev/null >>"$out" 2>&1
 }
 
 declare -A baseline=()
@@ -138,7 +138,8 @@ while IFS= read -r line || [ -n "$line" ]; do
             baseline[$layer]=pass
         else
             baseline[$layer]=fail
-            echo "mutate.sh: the unmutated $layer tests fail, see $log/baseline-${layer//\//_}.txt" >&2
+            echo "mutate.sh: the unmutated $layer tests fail," \
+                "see $log/baseline-${layer//\//_}.txt" >&2
         fi
     fi
     if [ "${baseline[$layer]}" != pass ]; then

@@ -16,5 +16,6 @@ lines() {
 
 tests=$(lines tests)
 code=$(lines src)
-awk -v t="$tests" -v s="$code" \
-    'BEGIN { printf "tests: %d lines, src: %d lines, ratio %.2f (wanted: at most 0.35)\n", t, s, t / s }'
+awk -v t="$tests" -v s="$code" 'BEGIN {
+    printf "tests: %d lines, src: %d lines, ratio %.2f (wanted: at most 0.35)\n", t, s, t / s
+}'
