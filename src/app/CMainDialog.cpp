@@ -1,6 +1,7 @@
 #include "app/CMainDialog.h"
 
 #include "app/CInfoWindows.h"
+#include "app/CProfileControl.h"
 #include "app/CSecondaryDialogs.h"
 #include "app/DisplayHelp.h"
 #include "foundation/ScopeTimer.h"
@@ -214,6 +215,18 @@ void CMainDialog::BuildControls() {
     helpButton->setFixedWidth(std::max(textWidth, helpButton->sizeHint().height()));
     buttons->addWidget(helpButton);
     buttons->addStretch(1);
+    mProfileControl = new CProfileControl(
+        [this](const CProfileControl::DisplayWork& work_I) {
+            const std::shared_ptr<UiDisplayDelegate> display = Display();
+            if (!display) {
+                return false;
+            }
+            const SDisplayInfo& info = mDisplayConfigIF->CurrentDisplayInfo();
+            work_I(*display, {ToNarrow(info.modelNumber), ToNarrow(info.serialNumber)});
+            return true;
+        },
+        [this] { UpdateControls(); }, this);
+    buttons->addWidget(mProfileControl);
     buttons->addWidget(mRevertButton);
     buttons->addWidget(mSaveButton);
     mMainGrid->addLayout(buttons, row, 0, 1, 3);
@@ -339,6 +352,7 @@ bool CMainDialog::OnInitDialog() {
     auto* hotKey = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+R")), this);
     hotKey->setContext(Qt::ApplicationShortcut);
     connect(hotKey, &QShortcut::activated, this, [this] { DoFactoryReset(true); });
+    WatchHotplug();
     return true;
 }
 

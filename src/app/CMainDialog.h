@@ -24,6 +24,8 @@
 #include <memory>
 #include <string>
 
+class CHotplugWatcher;
+class CProfileControl;
 class QLabel;
 class QLineEdit;
 class QLocalServer;
@@ -85,6 +87,8 @@ public:
     CDisplayConfigInterface* DisplayConfigIF() const { return mDisplayConfigIF.get(); }
     ISecondaryDialogs* SecondaryDialogs() const { return mSecondary.get(); }
     const QString& InstanceName() const { return mInstanceName; }
+    // What the last change of the plugged displays said to the user; empty when nothing changed.
+    const QString& LastHotplugNotice() const { return mHotplugNotice; }
     // The delay after which the dark-settings question answers No by itself.
     void SetDarkQuestionTimeout(int milliseconds_I) { mDarkQuestionTimeoutMs = milliseconds_I; }
 
@@ -115,6 +119,11 @@ private:
     void FillDisplayCombo();
     void PrepareCurrentDisplay(bool refresh_I);
     void ClearColorCombos();
+
+    // Displays plugged in or out (CMainDialogHotplug.cpp).
+    void WatchHotplug();
+    // false while a task or a question runs, which the change waits for.
+    bool FollowHotplug();
 
     // Placement and the close sequence.
     void PlaceWindow();
@@ -208,4 +217,7 @@ private:
     QPushButton* mAdvancedButton = nullptr;
     QPushButton* mRevertButton = nullptr;
     QPushButton* mSaveButton = nullptr;
+    CProfileControl* mProfileControl = nullptr;
+    CHotplugWatcher* mHotplugWatcher = nullptr;
+    QString mHotplugNotice;
 };

@@ -34,6 +34,11 @@ constexpr SCliCommandInfo kCommands[] = {
      "      --edid NUMBER      read it as the model of this EDID number (hex) would\n"},
     {ECliCommand::eEdid, "edid", "FILE", "print what discovery reads from an EDID file", 1, 1,
      false, ""},
+    {ECliCommand::eProfile, "profile", "save|apply|delete NAME, or list",
+     "keep the display's settings under a name, and apply, list or delete them", 1, 2, false,
+     "      --save             apply: save the display's settings afterwards\n"
+     "Profiles are files in $XDG_CONFIG_HOME/paneltune/profiles; one is applied only to a\n"
+     "display of the model it was saved from.\n"},
 };
 
 struct SModeName {

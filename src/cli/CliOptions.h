@@ -31,6 +31,7 @@ enum class ECliCommand {
     eCapabilities,
     eParseCaps,
     eEdid,
+    eProfile,
 };
 
 struct SCliCommandInfo {

@@ -5,6 +5,7 @@
 #include "cli/CliPlatform.h"
 #include "cli/DisplayCommands.h"
 #include "cli/OfflineCommands.h"
+#include "cli/ProfileCommands.h"
 #include "cli/SettingsTable.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
@@ -50,6 +51,12 @@ private:
 };
 
 int RunCommand(const SCliContext& context_I, const CliPlatformFactory& factory_I) {
+    if (context_I.options.command == ECliCommand::eProfile) {
+        return RunProfileCommand(context_I, [&](std::string& error_O) {
+            return factory_I ? factory_I(context_I.options, error_O)
+                             : MakeCliPlatform(context_I.options, error_O);
+        });
+    }
     if (!FindCliCommand(context_I.options.command)->needsPlatform) {
         return context_I.options.command == ECliCommand::eEdid ? RunEdid(context_I)
                                                                : RunParseCaps(context_I);

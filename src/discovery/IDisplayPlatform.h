@@ -11,6 +11,7 @@
 #include "discovery/SMonitorSource.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -47,4 +48,14 @@ public:
 
     // Whether this computer is one of the maker's own, whose Cedar displays are built in.
     virtual bool IsMakerSystem() = 0;
+
+    // Hotplug: from now on changed_I runs, on any thread, each time a monitor or a channel of
+    // the family may have arrived or left; one plug often gives a burst of calls, which the
+    // caller lets settle before it discovers again. An empty function stops the calls. false
+    // when the platform cannot watch.
+    using HotplugCallback = std::function<void()>;
+    virtual bool WatchHotplug(HotplugCallback changed_I) {
+        (void)changed_I;
+        return false;
+    }
 };

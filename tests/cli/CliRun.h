@@ -44,6 +44,9 @@ protected:
         SCliRun run;
         run.exit =
             RunCli(args_I, in, out, err, [&](const SCliOptions& options_I, std::string& error_O) {
+                if (mKeepDisplays && mPlatform) {
+                    return std::shared_ptr<IDisplayPlatform>(mPlatform);
+                }
                 auto platform = MakeCliPlatform(options_I, error_O);
                 mPlatform = std::dynamic_pointer_cast<CSimulatedPlatform>(platform);
                 if (mPlatform && mPrepare) {
@@ -61,6 +64,8 @@ protected:
     std::string mCacheHome;
     CScopedVirtualClock mClock;
     std::shared_ptr<CSimulatedPlatform> mPlatform;
+    // Every run after the first finds the same simulated displays, as a real desktop would.
+    bool mKeepDisplays = false;
     // Runs on the displays before discovery.
     std::function<void(CSimulatedPlatform&)> mPrepare;
 };

@@ -169,3 +169,11 @@ std::shared_ptr<Connector> CLinuxPlatform::MakeTiConnector() {
 bool CLinuxPlatform::IsMakerSystem() {
     return LinuxUtils::IsMakerSystem(mFiles.sysVendor);
 }
+
+bool CLinuxPlatform::WatchHotplug(HotplugCallback changed_I) {
+    if (!changed_I) {
+        mHotplug.Stop();
+        return true;
+    }
+    return mHotplug.Start(std::move(changed_I));
+}

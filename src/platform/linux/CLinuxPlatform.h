@@ -7,6 +7,7 @@
 #include "channels/CTIExAPI32.h"
 #include "discovery/IDisplayPlatform.h"
 #include "platform/linux/CLibFtdi1Api.h"
+#include "platform/linux/CUdevHotplugMonitor.h"
 #include "platform/linux/LinuxSystemServices.h"
 
 #include <string>
@@ -39,6 +40,7 @@ public:
     std::shared_ptr<Connector> MakeTiConnector() override;
 
     bool IsMakerSystem() override;
+    bool WatchHotplug(HotplugCallback changed_I) override;
 
     // FTDI's own library when it is installed, else libftdi1 given the same meaning; null when
     // neither is. Looked for once.
@@ -56,4 +58,5 @@ private:
     std::shared_ptr<IFtdiApi> mFtdiApi;
     bool mTiLookedFor = false;
     std::shared_ptr<ITIBridgeApi> mTiApi;
+    CUdevHotplugMonitor mHotplug;
 };

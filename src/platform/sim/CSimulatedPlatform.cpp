@@ -108,6 +108,25 @@ std::string CSimulatedPlatform::SerialPortName(size_t index_I) {
     return "sim:ttyUSB" + std::to_string(index_I + 1);
 }
 
+bool CSimulatedPlatform::WatchHotplug(HotplugCallback changed_I) {
+    mHotplug = std::move(changed_I);
+    return true;
+}
+
+void CSimulatedPlatform::Unplug(size_t index_I) {
+    mWorld->displays[index_I]->Unplug();
+    if (mHotplug) {
+        mHotplug();
+    }
+}
+
+void CSimulatedPlatform::Replug(size_t index_I) {
+    mWorld->displays[index_I]->Replug();
+    if (mHotplug) {
+        mHotplug();
+    }
+}
+
 bool CSimulatedPlatform::Reachable(size_t index_I, ESimChannel channel_I) const {
     const CSimDisplay& display = *mWorld->displays[index_I];
     return display.IsPlugged() && display.AnswersOn(channel_I);

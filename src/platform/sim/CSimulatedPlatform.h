@@ -54,6 +54,12 @@ public:
     int TiDeviceCount() override;
     std::shared_ptr<Connector> MakeTiConnector() override;
     bool IsMakerSystem() override { return mMakerSystem; }
+    bool WatchHotplug(HotplugCallback changed_I) override;
+
+    // A display leaves, or comes back (with the values it had saved), as a cable does; each
+    // tells the hotplug watcher, on the calling thread.
+    void Unplug(size_t index_I);
+    void Replug(size_t index_I);
 
 private:
     struct SWorld;
@@ -65,4 +71,5 @@ private:
     // outlives the platform still reaches them.
     std::shared_ptr<SWorld> mWorld;
     bool mMakerSystem = false;
+    HotplugCallback mHotplug;
 };

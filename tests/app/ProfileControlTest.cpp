@@ -1,0 +1,72 @@
+#include "DialogHarness.h"
+
+#include "app/CProfileControl.h"
+
+#include <QMenu>
+#include <QTest>
+
+#include <fstream>
+
+namespace {
+
+constexpr uint8_t kBrightness = 0x10;
+
+// Profiles land in a temporary folder given as XDG_CONFIG_HOME before the dialog is built.
+class ProfileControlTest : public DialogTest {
+protected:
+    void SetUp() override {
+        DialogTest::SetUp();
+        mConfigWas = qgetenv("XDG_CONFIG_HOME");
+        qputenv("XDG_CONFIG_HOME", mConfig.path().toLocal8Bit());
+    }
+    void TearDown() override {
+        DialogTest::TearDown();
+        qputenv("XDG_CONFIG_HOME", mConfigWas);
+    }
+
+    QStringList MenuTexts(CProfileControl& control_I) {
+        emit control_I.menu()->aboutToShow();
+        QStringList texts;
+        for (QAction* action : control_I.menu()->actions()) {
+            texts << action->text();
+        }
+        return texts;
+    }
+
+    QTemporaryDir mConfig;
+    QByteArray mConfigWas;
+};
+
+} // namespace
+
+TEST_F(ProfileControlTest, AProfileAppliesLikeTheUsersOwnChangesAndOnlyToItsModel) {
+    ASSERT_TRUE(Start("Birch@ftdi"));
+    auto* control = Find<CProfileControl>("profileButton");
+    QString message;
+    Enter("brightnessEdit", QStringLiteral("20"));
+    ASSERT_TRUE(control->SaveCurrent(QStringLiteral("night"), message)) << message.toStdString();
+    Enter("brightnessEdit", QStringLiteral("80"));
+    QTest::mouseClick(Find<QPushButton>("saveButton"), Qt::LeftButton);
+
+    // An applied profile is an unsaved change that Revert takes back.
+    ASSERT_TRUE(control->Apply(QStringLiteral("night"), message)) << message.toStdString();
+    EXPECT_EQ(ScalerValue(0, kBrightness), 20);
+    EXPECT_EQ(Find<QLineEdit>("brightnessEdit")->text(), QStringLiteral("20"));
+    EXPECT_EQ(ScalerSaved(0, kBrightness), 80);
+    EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
+    QTest::mouseClick(Find<QPushButton>("revertButton"), Qt::LeftButton);
+    EXPECT_EQ(ScalerValue(0, kBrightness), 80);
+
+    // A profile of another model is neither offered nor applied.
+    std::ofstream(
+        mConfig.filePath(QStringLiteral("paneltune/profiles/other.profile")).toStdString())
+        << "model = PDX-0000\nserial = X\nbrightness = 5\n";
+    EXPECT_EQ(control->FittingNames(), QStringList{QStringLiteral("night")});
+    EXPECT_TRUE(MenuTexts(*control).contains(QStringLiteral("night")));
+    EXPECT_FALSE(control->Apply(QStringLiteral("other"), message));
+    EXPECT_TRUE(message.contains(QStringLiteral("PDX-0000"))) << message.toStdString();
+    EXPECT_EQ(ScalerValue(0, kBrightness), 80);
+
+    ASSERT_TRUE(control->Remove(QStringLiteral("night"), message));
+    EXPECT_TRUE(control->FittingNames().isEmpty());
+}
