@@ -9,6 +9,7 @@
 #include "discovery/CMonitorConnectorDP.h"
 #include "discovery/SDisplayInfo.h"
 #include "discovery/SMonitorSource.h"
+#include "discovery/SPlatformReport.h"
 
 #include <cstdint>
 #include <memory>
@@ -47,4 +48,7 @@ public:
 
     // Whether this computer is one of the maker's own, whose Cedar displays are built in.
     virtual bool IsMakerSystem() = 0;
+
+    // What the platform looks at on every channel and what it finds there now.
+    virtual SPlatformReport Describe() = 0;
 };

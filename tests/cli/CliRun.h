@@ -28,15 +28,17 @@ protected:
         std::ostringstream out;
         std::ostringstream err;
         SCliRun run;
-        run.exit =
-            RunCli(args_I, in, out, err, [&](const SCliOptions& options_I, std::string& error_O) {
+        run.exit = RunCli(
+            args_I, in, out, err,
+            [&](const SCliOptions& options_I, std::string& error_O) {
                 auto platform = MakeCliPlatform(options_I, error_O);
                 mPlatform = std::dynamic_pointer_cast<CSimulatedPlatform>(platform);
                 if (mPlatform && mPrepare) {
                     mPrepare(*mPlatform);
                 }
                 return platform;
-            });
+            },
+            mTerminal);
         run.out = out.str();
         run.err = err.str();
         return run;
@@ -48,6 +50,8 @@ protected:
     std::shared_ptr<CSimulatedPlatform> mPlatform;
     // Runs on the displays before discovery.
     std::function<void(CSimulatedPlatform&)> mPrepare;
+    // Whether a person answers standard input.
+    bool mTerminal = false;
 };
 
 // One line that names the program: how every failure is reported.

@@ -54,6 +54,8 @@ public:
     int TiDeviceCount() override;
     std::shared_ptr<Connector> MakeTiConnector() override;
     bool IsMakerSystem() override { return mMakerSystem; }
+    // Each simulated display on each channel it answers on.
+    SPlatformReport Describe() override;
 
 private:
     struct SWorld;

@@ -4,6 +4,9 @@
 #include "foundation/VirtualClock.h"
 #include "model/UiDisplayDelegate.h"
 #include "platform/sim/CSimulatedPlatform.h"
+#include "resources/CResourceModule.h"
+#include "resources/ResourceLookup.h"
+#include "sim/SimModelTable.h"
 
 #include <gtest/gtest.h>
 
@@ -187,6 +190,20 @@ TEST_F(SimulatedDiscoveryTest, VideoConnectorServesTheRecordAndRefusesLess) {
     info.monitorHandle.clear();
     EXPECT_FALSE(connector->OpenDisplayInfo(info));
     EXPECT_TRUE(connector->CapabilitiesString().empty());
+}
+
+// The simulator is written without the resources, yet a simulated display must show the same
+// model number in its EDID as the resources give its product, and be a product they know.
+TEST(SimulatedModels, CarryTheModelNumbersAndProductsOfTheResourceGroups) {
+    const uint16_t english = LanguageProvider("en").mLanguage.languageId;
+    for (const SSimModel& model : SimModels()) {
+        SCOPED_TRACE(model.name);
+        EXPECT_EQ(
+            ToNarrow(GetGroupString("2101", model.productId, english, false, ProgramResources())),
+            model.displayName);
+        EXPECT_FALSE(
+            GetGroupString("2000", model.productId, english, false, ProgramResources()).empty());
+    }
 }
 
 } // namespace
