@@ -12,31 +12,21 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-class LinuxDetectTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        if (!CUmockdevRig::InMockEnvironment()) {
-            GTEST_SKIP() << "needs umockdev-wrapper";
-        }
-        mRules = fs::temp_directory_path() / ("paneltune-rules-" + std::to_string(::getpid()));
-        fs::create_directories(mRules);
+TEST(LinuxDetectTest, EachChannelSaysWhatItFoundAndWhatStandsInTheWay) {
+    if (const CUmockdevRig probe; !CUmockdevRig::InMockEnvironment()) {
+        GTEST_SKIP() << "needs umockdev-wrapper";
     }
-    void TearDown() override { fs::remove_all(mRules); }
-
-    CScopedVirtualClock mClock;
-    CSimDisplay mBirch{*FindSimModel("Birch"), "BRC0000000042", SimChannelBit(ESimChannel::eVideo)};
-    CSimDisplay mHazel{*FindSimModel("Hazel"), "HZL0000000007", SimChannelBit(ESimChannel::eHid)};
-    CSimHidDevice mHidInterface{mHazel, {"/dev/hidraw2", 0x0F5E, 0x03A6}};
-    fs::path mRules;
-};
-
-TEST_F(LinuxDetectTest, EachChannelSaysWhatItFoundAndWhatStandsInTheWay) {
+    CScopedVirtualClock clock;
+    CSimDisplay birch{*FindSimModel("Birch"), "BRC0000000042", SimChannelBit(ESimChannel::eVideo)};
+    CSimDisplay hazel{*FindSimModel("Hazel"), "HZL0000000007", SimChannelBit(ESimChannel::eHid)};
+    CSimHidDevice hidInterface{hazel, {"/dev/hidraw2", 0x0F5E, 0x03A6}};
+    const fs::path rules = fs::path(::testing::TempDir()) / "paneltune-rules";
+    fs::create_directories(rules);
     struct SRow {
         const char* what;
         std::function<void(CUmockdevRig&)> setup;
@@ -46,7 +36,7 @@ TEST_F(LinuxDetectTest, EachChannelSaysWhatItFoundAndWhatStandsInTheWay) {
         bool problem;
         bool likelyReason; // the first problem, named when nothing is found
     };
-    const std::vector<uint8_t> family = mBirch.Edid();
+    const std::vector<uint8_t> family = birch.Edid();
     const SRow rows[] = {
         {"no i2c-dev",
          [&](CUmockdevRig& rig_I) { rig_I.AddConnector("card0-DP-1", family, "connected", 5); },
@@ -61,13 +51,13 @@ TEST_F(LinuxDetectTest, EachChannelSaysWhatItFoundAndWhatStandsInTheWay) {
          [&](CUmockdevRig& rig_I) {
              rig_I.AddConnector("card0-HDMI-A-1", family, "connected", -1);
              rig_I.AddConnector("card0-DP-2", family, "disconnected", 6);
-             rig_I.AttachI2C(6, mBirch.I2C());
+             rig_I.AttachI2C(6, birch.I2C());
          },
          true, "card0-HDMI-A-1", "(a display of the family), the graphics driver offers no DDC bus",
          true, true},
         {"a family HID interface",
          [&](CUmockdevRig& rig_I) {
-             rig_I.AddHidraw("hidraw2", 0x0F5E, 0x03A6, kScalerHidUsagePage, mHidInterface);
+             rig_I.AddHidraw("hidraw2", 0x0F5E, 0x03A6, kScalerHidUsagePage, hidInterface);
          },
          true, "/dev/hidraw2", "0F5E:03A6, usage page 0xFFD1 (the scaler's)", false, false},
         {"an FTDI bridge without a library",
@@ -79,15 +69,15 @@ TEST_F(LinuxDetectTest, EachChannelSaysWhatItFoundAndWhatStandsInTheWay) {
         SCOPED_TRACE(row.what);
         CUmockdevRig rig;
         row.setup(rig);
-        fs::remove(mRules / kUdevRulesFileName);
+        fs::remove(rules / kUdevRulesFileName);
         if (row.rulesInstalled) {
-            std::ofstream(mRules / kUdevRulesFileName) << UdevRulesText();
+            std::ofstream(rules / kUdevRulesFileName) << UdevRulesText();
         }
         SLinuxPlatformFiles files;
         files.ftdiLibrary = L"libpaneltune-absent-ftd2xx.so";
         files.ftdiOpenLibrary = L"libpaneltune-absent-ftdi1.so";
         files.tiLibrary = L"libpaneltune-absent-ti.so";
-        files.udevRuleFolders = {mRules.string()};
+        files.udevRuleFolders = {rules.string()};
         const SPlatformReport report = CLinuxPlatform(files).Describe();
 
         EXPECT_FALSE(report.simulated);

@@ -10,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 namespace {
 
 // One display on each kind of channel.
@@ -73,36 +71,6 @@ TEST_F(SimulatedDiscoveryTest, FindsAndDrivesADisplayOnEveryChannel) {
     EXPECT_EQ(config.CurrentMonitor(), CSimulatedPlatform::MonitorHandle(4));
 }
 
-TEST_F(SimulatedDiscoveryTest, EachModeFindsWhatItReaches) {
-    struct SRow {
-        SConnectionMode mode;
-        std::set<std::string> models;
-    };
-    const SRow rows[] = {
-        {eConnectionMode_All, {"ElmLarge", "Hazel", "Birch", "Aspen", "CedarSmall"}},
-        {eConnectionMode_HID, {"Hazel"}},
-        {eConnectionMode_Video, {"ElmLarge"}},
-        // The legacy walk looks at every channel listed, the HID channel included.
-        {eConnectionMode_FTDI, {"Hazel", "Birch", "Aspen", "CedarSmall"}},
-    };
-    for (const SRow& row : rows) {
-        auto platform = Platform(kEveryChannel);
-        ASSERT_NE(platform, nullptr);
-        CDisplayConfigInterface config(Options(row.mode), platform);
-
-        std::set<std::string> models;
-        for (const SDisplayInfo& info : config.DisplayInfos()) {
-            ASSERT_NE(info.display, nullptr);
-            for (size_t index = 0; index < platform->DisplayCount(); ++index) {
-                if (ToWide(platform->Display(index).SerialNumber()) == info.serialNumber) {
-                    models.insert(std::string(platform->Display(index).Model().name));
-                }
-            }
-        }
-        EXPECT_EQ(models, row.models) << "mode " << row.mode;
-    }
-}
-
 TEST_F(SimulatedDiscoveryTest, PairsTwoDisplaysOfOneModelBySerialNumber) {
     auto platform = Platform("Birch@ftdi:serial=BIRCHA,Birch@ftdi+video:serial=BIRCHB");
     ASSERT_NE(platform, nullptr);
@@ -148,24 +116,6 @@ TEST_F(SimulatedDiscoveryTest, ReportsTheVideoFailureWhenAskedToStop) {
               std::string::npos)
         << error;
     EXPECT_NE(error.find(CSimulatedPlatform::MonitorHandle(0)), std::string::npos) << error;
-}
-
-TEST_F(SimulatedDiscoveryTest, TheDefaultSetShowsTwoDisplays) {
-    auto platform = Platform(CSimulatedPlatform::kDefaultDescription);
-    ASSERT_NE(platform, nullptr);
-    CDisplayConfigInterface config(Options(), platform);
-
-    ASSERT_EQ(config.DisplayNames().size(), 2u);
-    EXPECT_EQ(config.DisplayInfos()[0].display->GetConnector()->ConnectorType(),
-              eConnectorType_DisplayPort);
-    EXPECT_EQ(config.DisplayInfos()[1].display->GetConnector()->ConnectorType(),
-              eConnectorType_HID);
-}
-
-TEST_F(SimulatedDiscoveryTest, ABadDescriptionGivesItsReason) {
-    std::string error;
-    EXPECT_EQ(CSimulatedPlatform::FromDescription("Oak@video", error), nullptr);
-    EXPECT_FALSE(error.empty());
 }
 
 TEST_F(SimulatedDiscoveryTest, VideoConnectorServesTheRecordAndRefusesLess) {
