@@ -36,7 +36,11 @@ int RunDetect(const SCliContext& context_I, IDisplayPlatform& platform_I) {
         subject.resize(width + 1, ' ');
         out << (finding.problem ? "! " : "  ") << channel << subject << finding.text << "\n";
     }
-    out << "If no display is found, the most likely reason: " << reason << "\n";
+    const bool problem = std::any_of(report.findings.begin(), report.findings.end(),
+                                     [](const SPlatformFinding& f) { return f.problem; });
+    if (problem || report.findings.empty()) {
+        out << "The most likely reason when no display is found: " << reason << "\n";
+    }
     context_I.out << out.str();
     return eCliExit_Done;
 }

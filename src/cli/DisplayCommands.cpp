@@ -539,7 +539,13 @@ private:
             const bool listed =
                 !enumeration || enumeration->Values().empty() ||
                 std::count(enumeration->Values().begin(), enumeration->Values().end(), value);
-            if (!listed || (option->Info().Continuous() && value > before.maximum)) {
+            if (option->Info().Continuous() && value > before.maximum) {
+                return mContext.Fail(eCliExit_NotOffered, std::to_string(value) +
+                                                              " is outside the range of " +
+                                                              Hex2(code) + " (0 to " +
+                                                              std::to_string(before.maximum) + ")");
+            }
+            if (!listed) {
                 return mContext.Fail(eCliExit_NotOffered, "this display does not offer " +
                                                               std::to_string(value) + " for " +
                                                               Hex2(code));

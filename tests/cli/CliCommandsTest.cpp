@@ -48,6 +48,11 @@ TEST_F(CliTest, ListNamesEveryDisplayWithItsChannelAndKeepsTracesOffStandardErro
         EXPECT_EQ(display["name"].text, display["model"].text);
     }
 
+    // detect names what the platform looks at: here each simulated display on its channel.
+    const SJson detect = Json(Run({"--simulate", kEveryChannel, "detect", "--json"}).out);
+    EXPECT_TRUE(detect["simulated"].boolean);
+    EXPECT_EQ(detect["findings"].items.size(), 5u);
+
     const SCliRun text = Run({"--simulate", kEveryChannel, "list"});
     ASSERT_EQ(text.exit, 0);
     std::istringstream lines(text.out);
@@ -218,7 +223,9 @@ TEST_F(CliTest, EachFailureHasItsExitCodeAndOneLine) {
         {{"--simulate", "list", "--bogus"}, 1, "unknown option '--bogus'"},
         {{"--simulate", "get", "loudness"}, 1, "unknown setting 'loudness'"},
         {{"--simulate", "Birch@warp", "list"}, 1, "bad simulation"},
-        {{"--simulate=", "list"}, 2, "no display found"},
+        {{"--simulate=", "list"},
+         2,
+         "no display found: the simulation holds no display ('paneltunectl detect' shows more)"},
         {{"--simulate", "Birch@none", "get", "all"}, 2, "no display found"},
         {{"--simulate", "-d", "2", "get", "all"}, 2, "no display 2 (found 2)"},
         {{"--simulate", "Birch@ftdi", "get", "fan-speed"},
@@ -331,6 +338,9 @@ TEST_F(CliTest, RawFeaturesAreReadAndWrittenWithinWhatTheDisplayOffers) {
     run = Run({"--simulate", "ElmLarge@video", "setvcp", "14", "2"});
     EXPECT_EQ(run.exit, 2);
     EXPECT_NE(Sim().Scaler().Current(0x14), 2);
+    run = Run({"--simulate", "setvcp", "10", "101"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_NE(run.err.find("101 is outside the range of 0x10 (0 to 100)"), std::string::npos);
     run = Run({"--simulate", "getvcp", "1FF"});
     EXPECT_EQ(run.exit, 1);
     // Restore Factory Defaults is a trigger with nothing to read.
