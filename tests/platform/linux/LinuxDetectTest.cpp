@@ -92,6 +92,7 @@ TEST(LinuxDetectTest, EachChannelSaysWhatItFoundAndWhatStandsInTheWay) {
                   row.likelyReason)
             << MostLikelyReason(report);
     }
+    fs::remove_all(rules);
 }
 
 } // namespace
