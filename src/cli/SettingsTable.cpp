@@ -6,6 +6,7 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <sstream>
 
 namespace {
@@ -243,8 +244,11 @@ std::string Lower(std::string_view text_I) {
 bool ParseTenths(std::string_view text_I, int32_t& value_O) {
     int32_t whole = 0;
     if (ParseInteger(text_I, whole)) {
+        if (whole < 0 || whole > 100) {
+            return false;
+        }
         value_O = whole * 10;
-        return whole >= 0 && whole <= 100;
+        return true;
     }
     const size_t dot = text_I.find('.');
     int32_t fraction = 0;
@@ -282,10 +286,11 @@ bool ParseLevelChange(std::string_view text_I, const SSettingValue& current_I, i
     if (!ParseInteger(text_I.substr(1), step) || step < 0) {
         return false;
     }
-    value_O = current_I.value + (text_I[0] == '+' ? step : -step);
-    if (HasRange(current_I)) {
-        value_O = std::clamp(value_O, current_I.minimum, current_I.maximum);
-    }
+    // In 64 bits, so that no step overflows before it is kept within the range.
+    const int64_t changed = int64_t{current_I.value} + (text_I[0] == '+' ? step : -int64_t{step});
+    value_O = static_cast<int32_t>(
+        HasRange(current_I) ? std::clamp<int64_t>(changed, current_I.minimum, current_I.maximum)
+                            : std::clamp<int64_t>(changed, INT32_MIN, INT32_MAX));
     return true;
 }
 

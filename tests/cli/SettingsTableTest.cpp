@@ -42,7 +42,7 @@ TEST(SettingsTable, TextsAreReadAsGetPrintsThemAndRefusedWithWhatWouldDo) {
     const SRow rows[] = {
         {"brightness", false, "90", P::eValue, 90, "90"},
         {"brightness", false, "-70", P::eValue, 10, "10"},
-        {"brightness", false, "+50", P::eValue, 90, "90"},
+        {"brightness", false, "+2147483647", P::eValue, 90, "90"},
         {"brightness", false, "9", P::eOutOfRange, 0,
          "'9' is not a value of brightness (10 to 90)"},
         {"brightness", false, "+-1", P::eNotAValue, 0,
