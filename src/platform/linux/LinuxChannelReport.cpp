@@ -97,10 +97,15 @@ private:
                 true);
         } else {
             std::string list;
+            size_t open = 0;
             for (const std::string& node : nodes) {
                 list += (list.empty() ? "" : ", ") + node;
+                open += AccessProblem(node).empty() ? 1 : 0;
             }
-            Add("video", "i2c-dev", "loaded, nodes " + list, false);
+            Add("video", "i2c-dev",
+                "loaded, nodes " + list + "; you may open " + std::to_string(open) + " of " +
+                    std::to_string(nodes.size()),
+                false);
         }
         for (const SUdevMonitor& connector : CUdevScanner::Connectors()) {
             Connector(connector);
