@@ -65,7 +65,7 @@ int RunCommand(const SCliContext& context_I, const CliPlatformFactory& factory_I
     if (context_I.options.command == ECliCommand::eDetect) {
         return RunDetect(context_I, *platform);
     }
-    return RunDisplayCommand(context_I, std::move(platform));
+    return RunDisplayCommand(context_I, std::move(platform), MakeCliFactsStore(context_I.options));
 }
 
 } // namespace
