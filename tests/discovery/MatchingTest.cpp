@@ -183,6 +183,19 @@ TEST_F(MatchingTest, ChannelsThatFailToOpenAreDropped) {
     EXPECT_EQ(config->DisplayInfos()[0].display->GetConnector(), ti);
 }
 
+TEST_F(MatchingTest, FtdiModeFindsASerialPortDisplayByItsExactSerialNumber) {
+    platform->AddMonitor(kAspen, "SN2", "PDX-2100");
+    // Serial numbers match with their case, and a channel without one matches nothing.
+    platform->AddSerial("");
+    platform->AddSerial("sn2");
+    auto serial = platform->AddSerial("SN2");
+
+    auto config = Discover(Options(eConnectionMode_FTDI));
+
+    ASSERT_EQ(config->DisplayInfos().size(), 1u);
+    EXPECT_EQ(config->DisplayInfos()[0].display->GetConnector(), serial);
+}
+
 // Without serial numbers a legacy channel stands for a record when its type is the one of the
 // record's group and it reports the same monitor name.
 struct SSkipRow {
