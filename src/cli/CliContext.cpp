@@ -11,7 +11,14 @@ int SCliContext::Fail(ECliExit exit_I, const std::string& text_I) const {
     return exit_I;
 }
 
-bool SCliContext::Confirm(const std::string& question_I) const {
+int SCliContext::ConfirmUnlessYes(const std::string& question_I, const std::string& what_I) const {
+    if (options.yes) {
+        return eCliExit_Done;
+    }
+    if (!terminal) {
+        return Fail(eCliExit_Usage, what_I + " needs --yes when standard input is not a terminal");
+    }
+    // The question goes to standard error, which keeps standard output for results.
     err << question_I << " [y/N] ";
     err.flush();
     std::string answer;
@@ -20,5 +27,8 @@ bool SCliContext::Confirm(const std::string& question_I) const {
         answer.pop_back();
     }
     answer = ToLower(answer);
-    return answer == "y" || answer == "yes";
+    if (answer == "y" || answer == "yes") {
+        return eCliExit_Done;
+    }
+    return Fail(eCliExit_Declined, what_I + " not confirmed");
 }

@@ -8,21 +8,30 @@
 
 namespace {
 
+constexpr const char* kAskDetails =
+    "  -y, --yes              do not ask\n"
+    "Without --yes it asks on a terminal and refuses at once when standard input is none.\n";
+
 constexpr SCliCommandInfo kCommands[] = {
     {ECliCommand::eList, "list", "", "list the displays found", 0, 0, true, ""},
+    {ECliCommand::eDetect, "detect", "",
+     "show what discovery looks at on each channel and what it finds", 0, 0, true,
+     "Lines marked ! keep a display from being found; the last line names the most likely\n"
+     "reason when none is.\n"},
     {ECliCommand::eGet, "get", "SETTING|all", "read a setting, or every setting the display offers",
      1, 1, true, ""},
-    {ECliCommand::eSet, "set", "SETTING VALUE", "change a setting; VALUE is a name or a number", 2,
-     2, true,
+    {ECliCommand::eSet, "set", "SETTING VALUE", "change a setting; VALUE as get prints it", 2, 2,
+     true,
      "      --save             save the display's settings afterwards\n"
-     "Without --save the change lasts until the display is switched off.\n"},
+     "Without --save the change lasts until the display is switched off. A level also takes\n"
+     "+N or -N, a change kept within its range.\n"},
     {ECliCommand::eSave, "save", "", "save the present settings in the display", 0, 0, true, ""},
     {ECliCommand::eFactoryReset, "factory-reset", "", "restore the factory settings", 0, 0, true,
-     "  -y, --yes              do not ask\n"},
+     kAskDetails},
     {ECliCommand::eResetColor, "reset-color", "", "restore the factory colour settings", 0, 0, true,
-     ""},
+     kAskDetails},
     {ECliCommand::eConditionLcd, "condition-lcd", "", "start the LCD conditioning cycle", 0, 0,
-     true, "  -y, --yes              do not ask\n"},
+     true, kAskDetails},
     {ECliCommand::eGetVcp, "getvcp", "CODE", "read a VCP feature (CODE in hexadecimal)", 1, 1, true,
      ""},
     {ECliCommand::eSetVcp, "setvcp", "CODE VALUE", "write a VCP feature (CODE in hexadecimal)", 2,
@@ -30,10 +39,10 @@ constexpr SCliCommandInfo kCommands[] = {
     {ECliCommand::eCapabilities, "capabilities", "",
      "print the display's capability string and what it offers", 0, 0, true, ""},
     {ECliCommand::eParseCaps, "parse-caps", "[STRING]",
-     "parse a capability string (argument or standard input) with no display", 0, 1, false,
+     "parse a capability string (argument, or standard input without one or with -)", 0, 1, false,
      "      --edid NUMBER      read it as the model of this EDID number (hex) would\n"},
-    {ECliCommand::eEdid, "edid", "FILE", "print what discovery reads from an EDID file", 1, 1,
-     false, ""},
+    {ECliCommand::eEdid, "edid", "FILE",
+     "print what discovery reads from an EDID file (- for standard input)", 1, 1, false, ""},
     {ECliCommand::eProfile, "profile", "save|apply|delete NAME, or list",
      "keep the display's settings under a name, and apply, list or delete them", 1, 2, false,
      "      --save             apply: save the display's settings afterwards\n"
@@ -87,7 +96,7 @@ struct SOptionName {
 
 constexpr SOptionName kOptions[] = {
     {"help", 'h', EOption::eHelp, false},
-    {"version", 0, EOption::eVersion, false},
+    {"version", 'V', EOption::eVersion, false},
     {"json", 0, EOption::eJson, false},
     {"debug", 0, EOption::eDebug, false},
     {"timing", 0, EOption::eTiming, false},
@@ -375,9 +384,10 @@ std::string CliUsageText() {
            "                           facts kept in ~/.cache/paneltune\n"
            "      --debug              print trace lines on standard error\n"
            "  -h, --help               show this help, or a command's with COMMAND --help\n"
-           "      --version            show the version\n\n"
-           "Exit status: 0 done, 1 usage error, 2 no display or not offered,\n"
-           "3 communication failure.\n";
+           "  -V, --version            show the version\n\n"
+           "Exit status: 0 done, 1 usage error (also a question that needs --yes without a\n"
+           "terminal), 2 no display, not offered or outside the display's range,\n"
+           "3 communication failure, 4 a question answered no.\n";
     return out.str();
 }
 

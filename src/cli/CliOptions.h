@@ -15,11 +15,13 @@ enum ECliExit : int {
     eCliExit_Usage = 1,
     eCliExit_NotOffered = 2, // no display, or the display does not offer what was asked
     eCliExit_Communication = 3,
+    eCliExit_Declined = 4, // the user answered no to a question
 };
 
 enum class ECliCommand {
     eNone,
     eList,
+    eDetect,
     eGet,
     eSet,
     eSave,

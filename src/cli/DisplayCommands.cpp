@@ -91,7 +91,7 @@ class CDisplayCommands {
 public:
     CDisplayCommands(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I,
                      std::shared_ptr<IDisplayFactsStore> factsStore_I)
-        : mContext(context_I), mOptions(context_I.options),
+        : mContext(context_I), mOptions(context_I.options), mPlatform(platform_I),
           mConfig(ConfigOptions(context_I.options, std::move(factsStore_I)),
                   std::move(platform_I)) {}
 
@@ -135,10 +135,13 @@ private:
         return config;
     }
 
+    // With the one most likely reason, so that the user knows where to look.
     int NoDisplay() const {
-        return mContext.Fail(eCliExit_NotOffered, mConfig.LastError().empty()
-                                                      ? "no display found"
-                                                      : "no display found: " + mConfig.LastError());
+        const std::string reason = mConfig.LastError().empty()
+                                       ? MostLikelyReason(mPlatform->Describe())
+                                       : mConfig.LastError();
+        return mContext.Fail(eCliExit_NotOffered,
+                             "no display found: " + reason + " ('paneltunectl detect' shows more)");
     }
 
     int List() {
@@ -242,8 +245,7 @@ private:
         json_I.Key("enabled").Bool(reading_I.state.visible && reading_I.state.enabled);
         if (reading_I.state.visible) {
             json_I.Key("valid").Bool(reading_I.value.valid);
-            json_I.Key("text").String(
-                FormatSettingValue(*reading_I.row, GammaInTenths(), reading_I.value));
+            json_I.Key("text").String(ValueText(reading_I));
             if (reading_I.row->kind == ESettingKind::eColor) {
                 json_I.Key("value").BeginArray();
                 for (const int32_t component : reading_I.value.rgb) {
@@ -261,15 +263,20 @@ private:
         json_I.EndObject();
     }
 
+    // The same words as text and in JSON: a reading that failed has no value to name.
+    std::string ValueText(const SReading& reading_I) const {
+        return reading_I.value.valid
+                   ? FormatSettingValue(*reading_I.row, GammaInTenths(), reading_I.value)
+                   : "unknown";
+    }
+
     std::string ReadingText(const SReading& reading_I) const {
         if (!reading_I.state.visible) {
             return "not offered";
         }
-        std::string text = FormatSettingValue(*reading_I.row, GammaInTenths(), reading_I.value);
-        if (!reading_I.value.valid) {
-            text = "unknown";
-        } else if (reading_I.row->kind == ESettingKind::eLevel &&
-                   reading_I.value.maximum > reading_I.value.minimum) {
+        std::string text = ValueText(reading_I);
+        if (reading_I.row->kind == ESettingKind::eLevel &&
+            reading_I.value.maximum > reading_I.value.minimum) {
             text += " (" + std::to_string(reading_I.value.minimum) + " to " +
                     std::to_string(reading_I.value.maximum) + ")";
         }
@@ -356,9 +363,14 @@ private:
         }
         SSettingValue wanted;
         std::string error;
-        if (!ParseSettingValue(*row, GammaInTenths(), mOptions.operands[1], reading.value, wanted,
-                               error)) {
+        switch (ParseSettingValue(*row, GammaInTenths(), mOptions.operands[1], reading.value,
+                                  wanted, error)) {
+        case ESettingParse::eValue:
+            break;
+        case ESettingParse::eNotAValue:
             return mContext.Fail(eCliExit_Usage, error);
+        case ESettingParse::eOutOfRange:
+            return mContext.Fail(eCliExit_NotOffered, error);
         }
         ClearOptionErrors(*mDisplay);
         const std::map<vcpCode, int32_t> before = OptionValues(*mDisplay);
@@ -428,9 +440,10 @@ private:
     }
 
     int FactoryReset() {
-        if (!mOptions.yes &&
-            !mContext.Confirm("Restore the factory settings of " + DisplayName() + "?")) {
-            return mContext.Fail(eCliExit_Usage, "factory reset not confirmed");
+        if (const int asked = mContext.ConfirmUnlessYes(
+                "Restore the factory settings of " + DisplayName() + "?", "the factory reset");
+            asked != eCliExit_Done) {
+            return asked;
         }
         if (!mDisplay->FactoryReset()) {
             return mContext.Fail(eCliExit_Communication, "the factory reset failed");
@@ -441,6 +454,11 @@ private:
     int ResetColor() {
         if (!mDisplay->ResetColorStatus().visible) {
             return mContext.Fail(eCliExit_NotOffered, "this display offers no colour reset");
+        }
+        if (const int asked = mContext.ConfirmUnlessYes(
+                "Restore the factory colours of " + DisplayName() + "?", "the colour reset");
+            asked != eCliExit_Done) {
+            return asked;
         }
         if (!mDisplay->SetResetColor()) {
             return mContext.Fail(eCliExit_Communication, "the colour reset failed");
@@ -457,9 +475,12 @@ private:
             return mContext.Fail(eCliExit_NotOffered,
                                  "LCD conditioning cannot start in the display's present mode");
         }
-        if (!mOptions.yes && !mContext.Confirm("Start LCD conditioning on " + DisplayName() +
-                                               "? The screen is unusable until the cycle ends.")) {
-            return mContext.Fail(eCliExit_Usage, "LCD conditioning not confirmed");
+        if (const int asked =
+                mContext.ConfirmUnlessYes("Start LCD conditioning on " + DisplayName() +
+                                              "? The screen is unusable until the cycle ends.",
+                                          "LCD conditioning");
+            asked != eCliExit_Done) {
+            return asked;
         }
         if (!mDisplay->StartConditioning()) {
             return mContext.Fail(eCliExit_Communication, "LCD conditioning did not start");
@@ -483,7 +504,8 @@ private:
         const std::string name = VCPCodeToString(static_cast<vcpCode>(code_I));
         if (mOptions.json) {
             CJsonWriter json;
-            json.BeginObject().Key("code").Number(code_I).Key("name").String(name);
+            json.BeginObject().Key("display").Number(mOptions.display);
+            json.Key("code").Number(code_I).Key("name").String(name);
             json.Key("value").Number(result_I.value).Key("maximum").Number(result_I.maximum);
             json.EndObject();
             mContext.out << json.Text();
@@ -537,7 +559,13 @@ private:
             const bool listed =
                 !enumeration || enumeration->Values().empty() ||
                 std::count(enumeration->Values().begin(), enumeration->Values().end(), value);
-            if (!listed || (option->Info().Continuous() && value > before.maximum)) {
+            if (option->Info().Continuous() && value > before.maximum) {
+                return mContext.Fail(eCliExit_NotOffered, std::to_string(value) +
+                                                              " is outside the range of " +
+                                                              Hex2(code) + " (0 to " +
+                                                              std::to_string(before.maximum) + ")");
+            }
+            if (!listed) {
                 return mContext.Fail(eCliExit_NotOffered, "this display does not offer " +
                                                               std::to_string(value) + " for " +
                                                               Hex2(code));
@@ -567,6 +595,7 @@ private:
 
     const SCliContext& mContext;
     const SCliOptions& mOptions;
+    std::shared_ptr<IDisplayPlatform> mPlatform;
     CDisplayConfigInterface mConfig;
     std::shared_ptr<UiDisplayDelegate> mDisplay;
 };

@@ -72,7 +72,7 @@ SEdidFacts ReadEdidFacts(const ByteVector& edid_I, uint16_t languageId_I) {
 
 int RunParseCaps(const SCliContext& context_I) {
     SCapabilitiesReport report;
-    if (context_I.options.operands.empty()) {
+    if (context_I.options.operands.empty() || context_I.options.operands[0] == "-") {
         report.raw.assign(std::istreambuf_iterator<char>(context_I.in),
                           std::istreambuf_iterator<char>());
         while (!report.raw.empty() && (report.raw.back() == '\n' || report.raw.back() == '\r')) {
@@ -111,12 +111,19 @@ int RunParseCaps(const SCliContext& context_I) {
 
 int RunEdid(const SCliContext& context_I) {
     const std::string& path = context_I.options.operands[0];
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        return context_I.Fail(eCliExit_Usage,
-                              "cannot read '" + path + "': " + std::strerror(errno));
+    // "-" is standard input, as for every tool that reads a file.
+    const bool fromInput = path == "-";
+    std::ifstream file;
+    if (!fromInput) {
+        file.open(path, std::ios::binary);
+        if (!file) {
+            return context_I.Fail(eCliExit_Usage,
+                                  "cannot read '" + path + "': " + std::strerror(errno));
+        }
     }
-    const ByteVector edid((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    std::istream& source = fromInput ? context_I.in : file;
+    const ByteVector edid((std::istreambuf_iterator<char>(source)),
+                          std::istreambuf_iterator<char>());
     if (edid.size() < kProductCodeOffset + 2) {
         return context_I.Fail(eCliExit_Usage, "'" + path + "' is too short to be an EDID");
     }

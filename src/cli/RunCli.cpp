@@ -3,6 +3,7 @@
 #include "cli/CliContext.h"
 #include "cli/CliOptions.h"
 #include "cli/CliPlatform.h"
+#include "cli/DetectCommand.h"
 #include "cli/DisplayCommands.h"
 #include "cli/OfflineCommands.h"
 #include "cli/ProfileCommands.h"
@@ -68,6 +69,9 @@ int RunCommand(const SCliContext& context_I, const CliPlatformFactory& factory_I
         return context_I.Fail(context_I.options.simulate ? eCliExit_Usage : eCliExit_NotOffered,
                               error);
     }
+    if (context_I.options.command == ECliCommand::eDetect) {
+        return RunDetect(context_I, *platform);
+    }
     return RunDisplayCommand(context_I, std::move(platform), MakeCliFactsStore(context_I.options));
 }
 
@@ -76,9 +80,9 @@ int RunCommand(const SCliContext& context_I, const CliPlatformFactory& factory_I
 void DropCliTrace(const char*, size_t) {}
 
 int RunCli(const std::vector<std::string>& args_I, std::istream& in_IO, std::ostream& out_IO,
-           std::ostream& err_IO, const CliPlatformFactory& factory_I) {
+           std::ostream& err_IO, const CliPlatformFactory& factory_I, bool terminal_I) {
     const SCliParse parse = ParseCliArguments(args_I);
-    const SCliContext context{parse.options, in_IO, out_IO, err_IO};
+    const SCliContext context{parse.options, in_IO, out_IO, err_IO, terminal_I};
     if (!parse.error.empty()) {
         context.Fail(eCliExit_Usage, parse.error + " (try 'paneltunectl --help')");
         return eCliExit_Usage;

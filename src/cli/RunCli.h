@@ -18,9 +18,10 @@
 using CliPlatformFactory = std::function<std::shared_ptr<IDisplayPlatform>(
     const SCliOptions& options_I, std::string& error_O)>;
 
-// Without a factory the platform is the one of cli/CliPlatform.h.
+// Without a factory the platform is the one of cli/CliPlatform.h. terminal_I says whether a
+// person answers in_IO, so that questions may be asked.
 int RunCli(const std::vector<std::string>& args_I, std::istream& in_IO, std::ostream& out_IO,
-           std::ostream& err_IO, const CliPlatformFactory& factory_I = {});
+           std::ostream& err_IO, const CliPlatformFactory& factory_I = {}, bool terminal_I = false);
 
 // A debug output that drops every line: the program's own for its standard error, from before
 // the first static object to the last.

@@ -3,8 +3,10 @@
 #include "model/UiDisplayDelegate.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <sstream>
 
 namespace {
@@ -56,6 +58,11 @@ constexpr SValueName kLedNames[] = {
 constexpr SValueName kBatteryNames[] = {{eBatteryMode_Mobile, "mobile"},
                                         {eBatteryMode_Desktop, "desktop"}};
 
+// The gamma choices of the models that keep gamma in tenths run from 0.5 to 4.0; the display
+// reports how far up it goes.
+constexpr int32_t kGammaTenthsMinimum = 5;
+constexpr int32_t kGammaTenthsMaximum = 40;
+
 SSettingValue FromResult(const SVCPResult& result_I) {
     return {result_I.valid, result_I.value, result_I.minimum, result_I.maximum, {}};
 }
@@ -63,6 +70,18 @@ SSettingValue FromResult(const SVCPResult& result_I) {
 template <typename T>
 SSettingValue FromUser(const SUserValue<T>& result_I) {
     return {result_I.valid, static_cast<int32_t>(result_I.value), 0, 0, {}};
+}
+
+SSettingValue GetGamma(UiDisplayDelegate& display_I) {
+    SSettingValue value = FromUser(display_I.GetGamma());
+    if (display_I.IsElmFamily()) {
+        const SVCPResult code = display_I.GetVCPValue(vcpC_Gamma, false);
+        value.minimum = kGammaTenthsMinimum;
+        value.maximum = code.valid && code.maximum >= kGammaTenthsMinimum
+                            ? std::min(code.maximum, kGammaTenthsMaximum)
+                            : kGammaTenthsMaximum;
+    }
+    return value;
 }
 
 // Hue and saturation belong to the colour dialog's attribute choice; gain is its default slot.
@@ -133,8 +152,7 @@ const SSettingRow kSettings[] = {
      [](D& d) { return d.ColorSpaceStatus(); }, [](D& d) { return FromUser(d.GetColorSpace()); },
      [](D& d, const V& v) { return d.SetColorSpace(static_cast<EColorSpace>(v.value)); }, true},
     {"gamma", "gamma", ESettingKind::eGamma, kGammaNames, [](D& d) { return d.GammaStatus(); },
-     [](D& d) { return FromUser(d.GetGamma()); },
-     [](D& d, const V& v) { return d.SetGamma(v.value); }},
+     [](D& d) { return GetGamma(d); }, [](D& d, const V& v) { return d.SetGamma(v.value); }},
     {"aspect-ratio", "picture scaling", ESettingKind::eChoice, kAspectNames,
      [](D& d) { return d.AspectRatioStatus(false); },
      [](D& d) { return FromUser(d.GetAspectRatio()); },
@@ -222,21 +240,57 @@ std::string Lower(std::string_view text_I) {
     return lower;
 }
 
-// Gamma in tenths: "2.2" or 22.
+// A gamma as get prints it, "2.2" or "2", in tenths.
 bool ParseTenths(std::string_view text_I, int32_t& value_O) {
     int32_t whole = 0;
     if (ParseInteger(text_I, whole)) {
-        value_O = whole;
-        return whole >= 10;
+        if (whole < 0 || whole > 100) {
+            return false;
+        }
+        value_O = whole * 10;
+        return true;
     }
     const size_t dot = text_I.find('.');
     int32_t fraction = 0;
     if (dot == std::string_view::npos || dot + 2 != text_I.size() ||
         !ParseInteger(text_I.substr(0, dot), whole) ||
-        !ParseInteger(text_I.substr(dot + 1), fraction) || whole < 0 || fraction < 0) {
+        !ParseInteger(text_I.substr(dot + 1), fraction) || whole < 0 || whole > 100 ||
+        fraction < 0) {
         return false;
     }
     value_O = whole * 10 + fraction;
+    return true;
+}
+
+std::string FormatTenths(int32_t value_I) {
+    return std::to_string(value_I / 10) + "." + std::to_string(value_I % 10);
+}
+
+// A name as printed, or a temperature without its unit ("5000" for "5000k").
+bool MatchesName(std::string_view lower_I, std::string_view name_I) {
+    return lower_I == name_I || (name_I.size() == lower_I.size() + 1 && name_I.ends_with('k') &&
+                                 name_I.starts_with(lower_I) && !lower_I.empty() &&
+                                 std::isdigit(static_cast<unsigned char>(lower_I.back())));
+}
+
+bool HasRange(const SSettingValue& current_I) {
+    return current_I.maximum > current_I.minimum;
+}
+
+// "+N" or "-N": a change of the present level, kept within its range.
+bool ParseLevelChange(std::string_view text_I, const SSettingValue& current_I, int32_t& value_O) {
+    if (text_I.size() < 2 || (text_I[0] != '+' && text_I[0] != '-')) {
+        return false;
+    }
+    int32_t step = 0;
+    if (!ParseInteger(text_I.substr(1), step) || step < 0) {
+        return false;
+    }
+    // In 64 bits, so that no step overflows before it is kept within the range.
+    const int64_t changed = int64_t{current_I.value} + (text_I[0] == '+' ? step : -int64_t{step});
+    value_O = static_cast<int32_t>(
+        HasRange(current_I) ? std::clamp<int64_t>(changed, current_I.minimum, current_I.maximum)
+                            : std::clamp<int64_t>(changed, INT32_MIN, INT32_MAX));
     return true;
 }
 
@@ -256,52 +310,54 @@ const SSettingRow* FindSetting(std::string_view name_I) {
     return nullptr;
 }
 
-bool ParseSettingValue(const SSettingRow& row_I, bool gammaInTenths_I, std::string_view text_I,
-                       const SSettingValue& current_I, SSettingValue& value_O,
-                       std::string& error_O) {
+ESettingParse ParseSettingValue(const SSettingRow& row_I, bool gammaInTenths_I,
+                                std::string_view text_I, const SSettingValue& current_I,
+                                SSettingValue& value_O, std::string& error_O) {
     value_O = current_I;
     value_O.valid = true;
     const std::string lower = Lower(text_I);
     const std::string bad = "'" + std::string(text_I) + "' is not a value of " + row_I.name;
+    const auto outOfRange = [&](const std::string& minimum_I, const std::string& maximum_I) {
+        error_O = bad + " (" + minimum_I + " to " + maximum_I + ")";
+        return ESettingParse::eOutOfRange;
+    };
     switch (row_I.kind) {
     case ESettingKind::eLevel:
+        if (ParseLevelChange(lower, current_I, value_O.value)) {
+            return ESettingParse::eValue;
+        }
         if (!ParseInteger(lower, value_O.value)) {
-            error_O = bad + " (a number)";
-            return false;
+            error_O = bad + " (" + SettingValueNames(row_I, false) + ")";
+            return ESettingParse::eNotAValue;
         }
-        if (current_I.maximum > current_I.minimum &&
+        if (HasRange(current_I) &&
             (value_O.value < current_I.minimum || value_O.value > current_I.maximum)) {
-            error_O = bad + " (" + std::to_string(current_I.minimum) + " to " +
-                      std::to_string(current_I.maximum) + ")";
-            return false;
+            return outOfRange(std::to_string(current_I.minimum), std::to_string(current_I.maximum));
         }
-        return true;
+        return ESettingParse::eValue;
     case ESettingKind::eGamma:
         if (gammaInTenths_I) {
             if (!ParseTenths(lower, value_O.value)) {
-                error_O = bad + " (a gamma such as 2.2, or 22)";
-                return false;
+                error_O = bad + " (a gamma such as 2.2)";
+                return ESettingParse::eNotAValue;
             }
-            return true;
+            if (HasRange(current_I) &&
+                (value_O.value < current_I.minimum || value_O.value > current_I.maximum)) {
+                return outOfRange(FormatTenths(current_I.minimum), FormatTenths(current_I.maximum));
+            }
+            return ESettingParse::eValue;
         }
         [[fallthrough]];
     case ESettingKind::eChoice:
     case ESettingKind::eSwitch: {
         for (const SValueName& name : row_I.names) {
-            if (lower == name.name) {
+            if (MatchesName(lower, name.name)) {
                 value_O.value = name.value;
-                return true;
+                return ESettingParse::eValue;
             }
         }
-        int32_t number = 0;
-        if (ParseInteger(lower, number) &&
-            std::any_of(row_I.names.begin(), row_I.names.end(),
-                        [&](const SValueName& n) { return n.value == number; })) {
-            value_O.value = number;
-            return true;
-        }
         error_O = bad + " (" + SettingValueNames(row_I, gammaInTenths_I) + ")";
-        return false;
+        return ESettingParse::eNotAValue;
     }
     case ESettingKind::eColor: {
         std::string_view rest = text_I;
@@ -311,14 +367,14 @@ bool ParseSettingValue(const SSettingRow& row_I, bool gammaInTenths_I, std::stri
             if (!ParseInteger(part, value_O.rgb[index]) || value_O.rgb[index] < 0 ||
                 value_O.rgb[index] > 255 || (index < 2) == (comma == std::string_view::npos)) {
                 error_O = bad + " (RED,GREEN,BLUE, each 0 to 255)";
-                return false;
+                return ESettingParse::eNotAValue;
             }
             rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma + 1);
         }
-        return true;
+        return ESettingParse::eValue;
     }
     }
-    return false;
+    return ESettingParse::eNotAValue;
 }
 
 std::string FormatSettingValue(const SSettingRow& row_I, bool gammaInTenths_I,
@@ -328,7 +384,7 @@ std::string FormatSettingValue(const SSettingRow& row_I, bool gammaInTenths_I,
                std::to_string(value_I.rgb[2]);
     }
     if (row_I.kind == ESettingKind::eGamma && gammaInTenths_I) {
-        return std::to_string(value_I.value / 10) + "." + std::to_string(value_I.value % 10);
+        return FormatTenths(value_I.value);
     }
     for (const SValueName& name : row_I.names) {
         if (name.value == value_I.value) {
@@ -341,7 +397,7 @@ std::string FormatSettingValue(const SSettingRow& row_I, bool gammaInTenths_I,
 std::string SettingValueNames(const SSettingRow& row_I, bool gammaInTenths_I) {
     switch (row_I.kind) {
     case ESettingKind::eLevel:
-        return "a number";
+        return "a number, or +N or -N";
     case ESettingKind::eColor:
         return "RED,GREEN,BLUE";
     case ESettingKind::eGamma:

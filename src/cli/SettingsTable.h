@@ -52,11 +52,18 @@ struct SSettingRow {
 std::span<const SSettingRow> SettingsTable();
 const SSettingRow* FindSetting(std::string_view name_I);
 
-// The value of text_I for the row: a name or a number; a level must lie in current_I's range.
-// false, with the reason in error_O, when the text is none of these.
-bool ParseSettingValue(const SSettingRow& row_I, bool gammaInTenths_I, std::string_view text_I,
-                       const SSettingValue& current_I, SSettingValue& value_O,
-                       std::string& error_O);
+enum class ESettingParse {
+    eValue,
+    eNotAValue,  // the text is no value of the row at all
+    eOutOfRange, // a value, but outside the range the display reports
+};
+
+// The value of text_I for the row, spelt as FormatSettingValue prints it: a name, a number
+// within current_I's range, or for a level a change of it ("+10", "-5", kept within the range).
+// With any other outcome error_O holds the reason, with the accepted values or the range.
+ESettingParse ParseSettingValue(const SSettingRow& row_I, bool gammaInTenths_I,
+                                std::string_view text_I, const SSettingValue& current_I,
+                                SSettingValue& value_O, std::string& error_O);
 // The text of a value: its name where the row has one, else the number.
 std::string FormatSettingValue(const SSettingRow& row_I, bool gammaInTenths_I,
                                const SSettingValue& value_I);

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <unistd.h>
+
 namespace {
 
 // Static objects of the lower layers trace as they are built and destroyed; this one is built
@@ -18,5 +20,6 @@ __attribute__((init_priority(101))) SQuietStart gQuietStart;
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
-    return RunCli(args, std::cin, std::cout, std::cerr);
+    const bool terminal = isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1;
+    return RunCli(args, std::cin, std::cout, std::cerr, {}, terminal);
 }

@@ -9,6 +9,7 @@
 #include "discovery/CMonitorConnectorDP.h"
 #include "discovery/SDisplayInfo.h"
 #include "discovery/SMonitorSource.h"
+#include "discovery/SPlatformReport.h"
 
 #include <cstdint>
 #include <functional>
@@ -58,4 +59,7 @@ public:
         (void)changed_I;
         return false;
     }
+
+    // What the platform looks at on every channel and what it finds there now.
+    virtual SPlatformReport Describe() = 0;
 };

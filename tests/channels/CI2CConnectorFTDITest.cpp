@@ -281,7 +281,7 @@ TEST(FtdiConnector, InformationRecordStandsInForAMissingEdid) {
     rig.Display().Faults().Arm({ESimFault::eSilence, 0, 0, 1});
     EXPECT_EQ(connector->SerialNumber(rig.Display().TabletId()), "SN-LOWER-0001");
     EXPECT_THAT(clock->Sleeps(), Contains(1000u));
-    EXPECT_EQ(connector->MonitorName(), "PDX-1600F    ");
+    EXPECT_EQ(connector->MonitorName(), "QRN-1600     ");
 
     // The record, once read, also ends the table read of capabilities.
     rig.Tap().writes.clear();

@@ -109,7 +109,7 @@ TEST(HidConnector, IdentityIsReadOnceAndKeptPastClose) {
     rig.HidDevice()->SetPresent(false);
     EXPECT_EQ(connector->MonitorName(), "");
     rig.HidDevice()->SetPresent(true);
-    EXPECT_EQ(connector->MonitorName(), "PDX-2400H    ");
+    EXPECT_EQ(connector->MonitorName(), "PDX-2410S    ");
     EXPECT_EQ(connector->SerialNumber(kNoTabletId), rig.Display().SerialNumber());
     const std::string caps = connector->CapabilitiesString();
     EXPECT_EQ(caps, rig.Scaler().CapabilityString());
@@ -120,7 +120,7 @@ TEST(HidConnector, IdentityIsReadOnceAndKeptPastClose) {
     EXPECT_TRUE(connector->Close());
     EXPECT_FALSE(connector->IsOpen());
     EXPECT_FALSE(rig.HidDevice()->IsOpen());
-    EXPECT_EQ(connector->MonitorName(), "PDX-2400H    ");
+    EXPECT_EQ(connector->MonitorName(), "PDX-2410S    ");
     EXPECT_EQ(connector->SerialNumber(kNoTabletId), rig.Display().SerialNumber());
     EXPECT_EQ(connector->CapabilitiesString(), caps);
     EXPECT_EQ(connector->FWVersion(), firmware);

@@ -48,9 +48,14 @@ TEST_F(CliTest, ListNamesEveryDisplayWithItsChannelAndKeepsTracesOffStandardErro
         EXPECT_EQ(display["serial"].text, Sim(index).SerialNumber());
         EXPECT_EQ(display["edidNumber"].Int(), Sim(index).EdidNumber());
         EXPECT_EQ(display["channel"].text, channels[index]);
-        EXPECT_FALSE(display["name"].text.empty());
-        EXPECT_FALSE(display["model"].text.empty());
+        // The simulator and the resources tell one story.
+        EXPECT_EQ(display["name"].text, display["model"].text);
     }
+
+    // detect names what the platform looks at: here each simulated display on its channel.
+    const SJson detect = Json(Run({"--simulate", kEveryChannel, "detect", "--json"}).out);
+    EXPECT_TRUE(detect["simulated"].boolean);
+    EXPECT_EQ(detect["findings"].items.size(), 5u);
 
     const SCliRun text = Run({"--simulate", kEveryChannel, "list"});
     ASSERT_EQ(text.exit, 0);
@@ -122,26 +127,75 @@ TEST_F(CliTest, GetAllReportsWhatTheDisplayHoldsAndWhatItLacks) {
     EXPECT_FALSE(Setting(get, "power-led").Has("value"));
 }
 
-TEST_F(CliTest, SetWritesTheDisplayAndSavesOnlyWhenAsked) {
-    // Hazel keeps its brightness in the white backlight level.
-    SCliRun run = Run({"--simulate", "Hazel@hid", "set", "brightness", "41"});
-    ASSERT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(run.out, "brightness = 41\n");
-    EXPECT_EQ(Sim().Scaler().Current(0x6B), 41);
-    EXPECT_NE(Sim().Scaler().Saved(0x6B), 41);
+TEST_F(CliTest, SetTakesValuesAsGetPrintsThemWithinTheDisplaysRange) {
+    struct SRow {
+        std::vector<std::string> args;
+        int exit;
+        std::string shown; // on standard output when done, else on standard error
+        uint8_t code;
+        int value; // of the code afterwards
+    };
+    // Brightness starts at 50; ElmLarge's gamma, in tenths, at 2.2 and goes up to 2.6.
+    const SRow rows[] = {
+        {{"ElmLarge@video", "set", "brightness", "41"}, 0, "brightness = 41\n", 0x10, 41},
+        {{"ElmLarge@video", "set", "brightness", "+10"}, 0, "brightness = 60\n", 0x10, 60},
+        {{"ElmLarge@video", "set", "brightness", "-10"}, 0, "brightness = 40\n", 0x10, 40},
+        {{"ElmLarge@video", "set", "brightness", "--", "-80"}, 0, "brightness = 0\n", 0x10, 0},
+        {{"ElmLarge@video", "set", "brightness", "+80"}, 0, "brightness = 100\n", 0x10, 100},
+        {{"ElmLarge@video", "set", "brightness", "101"}, 2, "(0 to 100)", 0x10, 50},
+        {{"ElmLarge@video", "set", "brightness", "+1x"}, 1, "(a number, or +N or -N)", 0x10, 50},
+        {{"ElmLarge@video", "set", "gamma", "2.4"}, 0, "gamma = 2.4\n", 0x72, 24},
+        {{"ElmLarge@video", "set", "gamma", "2"}, 0, "gamma = 2.0\n", 0x72, 20},
+        {{"ElmLarge@video", "set", "gamma", "3.0"},
+         2,
+         "'3.0' is not a value of gamma (0.5 to 2.6)",
+         0x72,
+         22},
+        {{"ElmLarge@video", "set", "gamma", "22"}, 2, "(0.5 to 2.6)", 0x72, 22},
+        {{"ElmLarge@video", "set", "temperature", "5000"}, 0, "temperature = 5000k\n", 0, 0},
+        {{"ElmLarge@video", "set", "temperature", "9300K"}, 0, "temperature = 9300k\n", 0, 0},
+        // A number is never a position in the list of names.
+        {{"ElmLarge@video", "set", "temperature", "4"}, 1, "(5000k, 5700k,", 0, 0},
+        {{"Birch@ftdi", "set", "aspect-ratio", "1:1"}, 0, "aspect-ratio = 1:1\n", 0xE2, 2},
+        {{"Birch@ftdi", "set", "aspect-ratio", "2"}, 1, "(full, aspect, 1:1)", 0, 0},
+    };
+    mPrepare = [](CSimulatedPlatform& platform_I) {
+        platform_I.Display(0).Scaler().SetFromMenu(0x10, 50);
+    };
+    for (const SRow& row : rows) {
+        std::vector<std::string> args{"--simulate"};
+        args.insert(args.end(), row.args.begin(), row.args.end());
+        const SCliRun run = Run(args);
+        SCOPED_TRACE(row.args[0] + " " + row.args.back());
+        EXPECT_EQ(run.exit, row.exit) << run.err;
+        if (row.exit == 0) {
+            EXPECT_EQ(run.out, row.shown);
+        } else {
+            EXPECT_TRUE(IsOneErrorLine(run.err)) << run.err;
+            EXPECT_NE(run.err.find(row.shown), std::string::npos) << run.err;
+        }
+        if (row.code != 0) {
+            EXPECT_EQ(Sim().Scaler().Current(row.code), row.value);
+        }
+    }
+}
 
-    run = Run({"--simulate", "Hazel@hid", "set", "brightness", "42", "--save", "--json"});
-    ASSERT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Saved(0x6B), 42);
-    EXPECT_TRUE(Json(run.out)["saved"].boolean);
-
-    run = Run({"--simulate", "ElmLarge@video", "set", "gamma", "2.4"});
-    ASSERT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Current(0x72), 24);
-
-    run = Run({"--simulate", "Birch@ftdi", "set", "aspect-ratio", "1:1"});
-    ASSERT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Current(0xE2), 2);
+TEST_F(CliTest, EveryJsonOutputNamesTheDisplay) {
+    const std::vector<std::string> commands[] = {
+        {"get", "brightness"},
+        {"set", "brightness", "30"},
+        {"getvcp", "6B"},
+        {"setvcp", "6B", "20"},
+        {"save"},
+    };
+    for (const std::vector<std::string>& command : commands) {
+        std::vector<std::string> args{"--simulate", "-d", "1", "--json"};
+        args.insert(args.end(), command.begin(), command.end());
+        const SCliRun run = Run(args);
+        SCOPED_TRACE(command[0]);
+        ASSERT_EQ(run.exit, 0) << run.err;
+        EXPECT_EQ(Json(run.out)["display"].Int(), 1);
+    }
 }
 
 TEST_F(CliTest, CustomColourReadsAndWritesTheSlotsCodes) {
@@ -171,10 +225,11 @@ TEST_F(CliTest, EachFailureHasItsExitCodeAndOneLine) {
     };
     const SRow rows[] = {
         {{"--simulate", "list", "--bogus"}, 1, "unknown option '--bogus'"},
-        {{"--simulate", "set", "brightness", "400"}, 1, "(0 to 100)"},
         {{"--simulate", "get", "loudness"}, 1, "unknown setting 'loudness'"},
         {{"--simulate", "Birch@warp", "list"}, 1, "bad simulation"},
-        {{"--simulate=", "list"}, 2, "no display found"},
+        {{"--simulate=", "list"},
+         2,
+         "no display found: the simulation holds no display ('paneltunectl detect' shows more)"},
         {{"--simulate", "Birch@none", "get", "all"}, 2, "no display found"},
         {{"--simulate", "-d", "2", "get", "all"}, 2, "no display 2 (found 2)"},
         {{"--simulate", "Birch@ftdi", "get", "fan-speed"},
@@ -221,36 +276,44 @@ TEST_F(CliTest, ValueTheModelHasNoCellForIsNotOffered) {
     EXPECT_NE(run.err.find("does not offer temperature 7500k"), std::string::npos) << run.err;
 }
 
-TEST_F(CliTest, ResetsAskUnlessTold) {
-    SCliRun run = Run({"--simulate", "Birch@ftdi", "factory-reset"}, "n\n");
-    EXPECT_EQ(run.exit, 1);
-    EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 0);
-    EXPECT_NE(run.err.find("[y/N]"), std::string::npos);
-
-    run = Run({"--simulate", "Birch@ftdi", "factory-reset"}, "yes\n");
-    EXPECT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 1);
-
-    run = Run({"--simulate", "Birch@ftdi", "factory-reset", "--yes"});
-    EXPECT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Counters().factoryResets, 1);
-    EXPECT_EQ(run.err.find("[y/N]"), std::string::npos);
-
-    run = Run({"--simulate", "Birch@ftdi", "condition-lcd"}, "\n");
-    EXPECT_EQ(run.exit, 1);
-    EXPECT_EQ(Sim().Scaler().Counters().conditionings, 0);
-    run = Run({"--simulate", "Birch@ftdi", "condition-lcd", "-y"});
-    EXPECT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Counters().conditionings, 1);
-
-    run = Run({"--simulate", "Birch@ftdi", "reset-color"});
-    EXPECT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Counters().colorResets, 1);
-
-    run = Run({"--simulate", "Birch@ftdi", "save", "--json"});
-    EXPECT_EQ(run.exit, 0) << run.err;
-    EXPECT_EQ(Sim().Scaler().Counters().saves, 1);
-    EXPECT_EQ(Json(run.out)["done"].text, "settings saved");
+TEST_F(CliTest, WhatCannotBeTakenBackAsksOnATerminalUnlessTold) {
+    using SCounters = CSimScaler::SCounters;
+    struct SRow {
+        std::vector<std::string> args;
+        bool terminal;
+        std::string input;
+        int exit;
+        int SCounters::*counter;
+        int count;
+    };
+    const SRow rows[] = {
+        {{"factory-reset"}, true, "n\n", 4, &SCounters::factoryResets, 0},
+        {{"factory-reset"}, true, "yes\n", 0, &SCounters::factoryResets, 1},
+        {{"factory-reset"}, false, "yes\n", 1, &SCounters::factoryResets, 0},
+        {{"factory-reset", "--yes"}, false, "", 0, &SCounters::factoryResets, 1},
+        {{"reset-color"}, true, "\n", 4, &SCounters::colorResets, 0},
+        {{"reset-color"}, false, "", 1, &SCounters::colorResets, 0},
+        {{"reset-color", "-y"}, false, "", 0, &SCounters::colorResets, 1},
+        {{"condition-lcd"}, true, "Y\n", 0, &SCounters::conditionings, 1},
+        {{"condition-lcd"}, false, "", 1, &SCounters::conditionings, 0},
+        {{"save"}, false, "", 0, &SCounters::saves, 1},
+        {{"set", "brightness", "41"}, false, "", 0, &SCounters::saves, 0},
+        {{"set", "brightness", "42", "--save"}, false, "", 0, &SCounters::saves, 1},
+    };
+    for (const SRow& row : rows) {
+        std::vector<std::string> args{"--simulate", "Birch@ftdi"};
+        args.insert(args.end(), row.args.begin(), row.args.end());
+        mTerminal = row.terminal;
+        const SCliRun run = Run(args, row.input);
+        SCOPED_TRACE(row.args[0] + (row.terminal ? " on a terminal" : " without one"));
+        EXPECT_EQ(run.exit, row.exit) << run.err;
+        EXPECT_EQ(Sim().Scaler().Counters().*row.counter, row.count);
+        const bool asked = run.err.find("[y/N]") != std::string::npos;
+        EXPECT_EQ(asked, row.terminal && row.args[0] != "save" && row.args.size() == 1);
+        if (row.exit == 1) {
+            EXPECT_NE(run.err.find("needs --yes"), std::string::npos) << run.err;
+        }
+    }
 }
 
 TEST_F(CliTest, RawFeaturesAreReadAndWrittenWithinWhatTheDisplayOffers) {
@@ -269,6 +332,9 @@ TEST_F(CliTest, RawFeaturesAreReadAndWrittenWithinWhatTheDisplayOffers) {
     run = Run({"--simulate", "ElmLarge@video", "setvcp", "14", "2"});
     EXPECT_EQ(run.exit, 2);
     EXPECT_NE(Sim().Scaler().Current(0x14), 2);
+    run = Run({"--simulate", "setvcp", "10", "101"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_NE(run.err.find("101 is outside the range of 0x10 (0 to 100)"), std::string::npos);
     run = Run({"--simulate", "getvcp", "1FF"});
     EXPECT_EQ(run.exit, 1);
     // Restore Factory Defaults is a trigger with nothing to read.
@@ -302,7 +368,9 @@ TEST_F(CliTest, HelpListsTheCommandsAndEachCommandsOwnOptions) {
     EXPECT_EQ(run.exit, 0);
     EXPECT_NE(run.out.find("--save"), std::string::npos);
     EXPECT_NE(run.out.find("rgb-saturation"), std::string::npos);
+    EXPECT_NE(Run({"--help"}).out.find("4 a question answered no"), std::string::npos);
     EXPECT_EQ(Run({"--version"}).out, "paneltunectl " PANELTUNE_VERSION "\n");
+    EXPECT_EQ(Run({"-V"}).out, "paneltunectl " PANELTUNE_VERSION "\n");
 }
 
 namespace {

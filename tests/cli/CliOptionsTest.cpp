@@ -86,13 +86,11 @@ TEST(CliOptions, BadLinesNameWhatIsWrong) {
 
 TEST(CliOptions, DiscoveryOptionsFollowTheLine) {
     SCliOptions options;
-    options.skipSerialMatch = true;
-    options.connectionMode = eConnectionMode_FTDI;
     options.language = "DE";
+    options.skipSerialMatch = true;
+    options.exitOnError = true;
     const SDisplayConfigOptions config = MakeDisplayConfigOptions(options);
-    EXPECT_TRUE(config.skipSerialMatch);
-    EXPECT_FALSE(config.exitOnError);
-    EXPECT_EQ(config.connectionMode, eConnectionMode_FTDI);
+    EXPECT_TRUE(config.skipSerialMatch && config.exitOnError);
     EXPECT_TRUE(config.language.mKnown);
     EXPECT_EQ(config.language.mLanguage.languageId, LanguageProvider("de").mLanguage.languageId);
     EXPECT_TRUE(config.setOsdLanguage);
@@ -103,8 +101,8 @@ TEST(CliOptions, DiscoveryOptionsFollowTheLine) {
     options.refresh = true;
     EXPECT_FALSE(MakeDisplayConfigOptions(options).setOsdLanguage);
     EXPECT_TRUE(MakeDisplayConfigOptions(options).refreshFacts);
-    // An unknown language leaves the user's own.
     options.language = "klingon";
     EXPECT_EQ(MakeDisplayConfigOptions(options).language.mLanguage.languageId,
-              LanguageProvider("userUI").mLanguage.languageId);
+              LanguageProvider("userUI").mLanguage.languageId)
+        << "an unknown language leaves the user's own";
 }

@@ -42,8 +42,9 @@ protected:
         std::ostringstream out;
         std::ostringstream err;
         SCliRun run;
-        run.exit =
-            RunCli(args_I, in, out, err, [&](const SCliOptions& options_I, std::string& error_O) {
+        run.exit = RunCli(
+            args_I, in, out, err,
+            [&](const SCliOptions& options_I, std::string& error_O) {
                 if (mKeepDisplays && mPlatform) {
                     return std::shared_ptr<IDisplayPlatform>(mPlatform);
                 }
@@ -53,7 +54,8 @@ protected:
                     mPrepare(*mPlatform);
                 }
                 return platform;
-            });
+            },
+            mTerminal);
         run.out = out.str();
         run.err = err.str();
         return run;
@@ -68,6 +70,8 @@ protected:
     bool mKeepDisplays = false;
     // Runs on the displays before discovery.
     std::function<void(CSimulatedPlatform&)> mPrepare;
+    // Whether a person answers standard input.
+    bool mTerminal = false;
 };
 
 // One line that names the program: how every failure is reported.

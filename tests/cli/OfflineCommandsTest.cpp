@@ -51,6 +51,7 @@ std::string WriteFile(const std::string& name_I, const std::vector<uint8_t>& byt
 TEST_F(CliTest, ParseCapsBuildsTheOptionsAndCommandsOfTheExample) {
     SCliRun run = Run({"parse-caps", "--json"}, std::string(kExample) + "\n");
     ASSERT_EQ(run.exit, 0) << run.err;
+    EXPECT_EQ(Run({"parse-caps", "-", "--json"}, kExample).out, run.out);
     const SJson caps = Json(run.out);
     EXPECT_EQ(caps["raw"].text, kExample);
     EXPECT_EQ(caps["keys"].members.size(), 6u);
@@ -124,6 +125,9 @@ TEST_F(CliTest, EdidReadsWhatDiscoveryReads) {
 
     run = Run({"edid", path});
     EXPECT_NE(run.out.find("EDID number:    0x1060\n"), std::string::npos) << run.out;
+    // "-" is standard input.
+    const std::vector<uint8_t>& bytes = Sim().Edid();
+    EXPECT_EQ(Run({"edid", "-"}, std::string(bytes.begin(), bytes.end())).out, run.out);
 }
 
 TEST_F(CliTest, EdidWithoutDescriptorsOrFromAnotherMakerIsReadAsFarAsItGoes) {

@@ -84,6 +84,7 @@ public:
     int TiDeviceCount() override { return static_cast<int>(mTi.size()); }
     std::shared_ptr<Connector> MakeTiConnector() override { return Take(mTi); }
     bool IsMakerSystem() override { return makerSystem; }
+    SPlatformReport Describe() override { return {}; }
 
     std::vector<SMonitorSource> monitors;
     // The serial numbers whose monitors answer on the video cable, and the reason of a failure.

@@ -253,7 +253,7 @@ TEST(SimScaler, GivesTheInformationRecordWhereTheFirmwareHasOne) {
     ASSERT_EQ(reply.size(), 56u);
     EXPECT_EQ(Bytes(reply.begin(), reply.begin() + 3), (Bytes{0x6E, 0xB5, 0x02}));
     EXPECT_EQ(XorAll(reply, 0x50), 0);
-    EXPECT_EQ(std::string(reply.begin() + 17, reply.begin() + 30), "PDX-1600F2   ");
+    EXPECT_EQ(std::string(reply.begin() + 17, reply.begin() + 30), "QRN-1620     ");
     EXPECT_EQ(std::string(reply.begin() + 30, reply.begin() + 43), "SN00000000001");
 
     CSimDisplay cedar = MakeDisplay("CedarLarge");

@@ -13,6 +13,7 @@
 #include "platform/linux/CLinuxI2CConnectorDP.h"
 #include "platform/linux/CLinuxSerialPort.h"
 #include "platform/linux/CUdevScanner.h"
+#include "platform/linux/LinuxChannelReport.h"
 #include "platform/linux/LinuxSystemServices.h"
 #include "platform/linux/UsbChannelTable.h"
 
@@ -176,4 +177,18 @@ bool CLinuxPlatform::WatchHotplug(HotplugCallback changed_I) {
         return true;
     }
     return mHotplug.Start(std::move(changed_I));
+}
+
+SPlatformReport CLinuxPlatform::Describe() {
+    SLinuxReportSetup setup;
+    setup.udevRuleFolders = mFiles.udevRuleFolders;
+    if (const std::shared_ptr<IFtdiApi> ftdi = FtdiApi()) {
+        setup.ftdiLibrary =
+            ToNarrow(dynamic_cast<CLibFtdi1Api*>(ftdi.get()) != nullptr ? mFiles.ftdiOpenLibrary
+                                                                        : mFiles.ftdiLibrary);
+    }
+    if (TiApi()) {
+        setup.tiLibrary = ToNarrow(mFiles.tiLibrary);
+    }
+    return DescribeLinuxChannels(setup);
 }

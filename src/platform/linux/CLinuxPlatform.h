@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxSystemServices.h"
 
 #include <string>
+#include <vector>
 
 // Where the platform looks for the system maker and the bridge libraries.
 struct SLinuxPlatformFiles {
@@ -18,6 +19,9 @@ struct SLinuxPlatformFiles {
     std::wstring ftdiLibrary = CFTDIExAPI32::kLibraryName;
     std::wstring ftdiOpenLibrary = CLibFtdi1Api::kLibraryName;
     std::wstring tiLibrary = CTIExAPI32::kLibraryName;
+    // Where udev reads rules from, for the report of detect.
+    std::vector<std::string> udevRuleFolders = {"/etc/udev/rules.d", "/run/udev/rules.d",
+                                                "/usr/lib/udev/rules.d", "/lib/udev/rules.d"};
 };
 
 class CLinuxPlatform final : public IDisplayPlatform {
@@ -41,6 +45,7 @@ public:
 
     bool IsMakerSystem() override;
     bool WatchHotplug(HotplugCallback changed_I) override;
+    SPlatformReport Describe() override;
 
     // FTDI's own library when it is installed, else libftdi1 given the same meaning; null when
     // neither is. Looked for once.

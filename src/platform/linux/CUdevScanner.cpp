@@ -4,6 +4,7 @@
 
 #include <libudev.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -82,21 +83,76 @@ uint16_t HexAttribute(udev_device& device_I, const char* name_I) {
 
 } // namespace
 
-std::vector<SUdevMonitor> CUdevScanner::ConnectedMonitors() {
-    std::vector<SUdevMonitor> monitors;
-    ForEachDevice("drm", [&monitors](udev_device& device_I) {
+std::vector<SUdevMonitor> CUdevScanner::Connectors() {
+    std::vector<SUdevMonitor> connectors;
+    ForEachDevice("drm", [&connectors](udev_device& device_I) {
         const char* status = udev_device_get_sysattr_value(&device_I, "status");
-        if (status == nullptr || std::string(status) != "connected") {
-            return;
+        if (status == nullptr) {
+            return; // a card, not a connector
         }
         const std::filesystem::path syspath = udev_device_get_syspath(&device_I);
-        SUdevMonitor monitor{udev_device_get_sysname(&device_I), ReadEdid(syspath),
-                             FindI2CNode(syspath)};
-        if (!monitor.edid.empty()) {
-            monitors.push_back(std::move(monitor));
-        }
+        connectors.push_back(
+            {udev_device_get_sysname(&device_I), ReadEdid(syspath), FindI2CNode(syspath), status});
+    });
+    return connectors;
+}
+
+std::vector<SUdevMonitor> CUdevScanner::ConnectedMonitors() {
+    std::vector<SUdevMonitor> monitors = Connectors();
+    std::erase_if(monitors, [](const SUdevMonitor& monitor_I) {
+        return monitor_I.status != "connected" || monitor_I.edid.empty();
     });
     return monitors;
+}
+
+std::vector<std::string> CUdevScanner::I2CDevNodes() {
+    std::vector<std::string> nodes;
+    ForEachDevice("i2c-dev", [&nodes](udev_device& device_I) {
+        if (const char* node = udev_device_get_devnode(&device_I)) {
+            nodes.emplace_back(node);
+        }
+    });
+    return nodes;
+}
+
+std::vector<SUdevHidraw> CUdevScanner::Hidraws() {
+    std::vector<SUdevHidraw> hidraws;
+    ForEachDevice("hidraw", [&hidraws](udev_device& device_I) {
+        const char* node = udev_device_get_devnode(&device_I);
+        udev_device* hid = udev_device_get_parent_with_subsystem_devtype(&device_I, "hid", nullptr);
+        const char* id = hid ? udev_device_get_property_value(hid, "HID_ID") : nullptr;
+        unsigned bus = 0;
+        unsigned vendor = 0;
+        unsigned product = 0;
+        if (node == nullptr || id == nullptr ||
+            std::sscanf(id, "%x:%x:%x", &bus, &vendor, &product) != 3) {
+            return;
+        }
+        std::ifstream file(std::filesystem::path(udev_device_get_syspath(hid)) /
+                               "report_descriptor",
+                           std::ios::binary);
+        ByteVector descriptor;
+        if (file) {
+            descriptor.assign(std::istreambuf_iterator<char>(file),
+                              std::istreambuf_iterator<char>());
+        }
+        hidraws.push_back({node, static_cast<uint16_t>(vendor), static_cast<uint16_t>(product),
+                           std::move(descriptor)});
+    });
+    return hidraws;
+}
+
+std::vector<SUdevUsbDevice> CUdevScanner::UsbDevices() {
+    std::vector<SUdevUsbDevice> devices;
+    ForEachDevice("usb", [&devices](udev_device& device_I) {
+        const char* type = udev_device_get_devtype(&device_I);
+        if (type != nullptr && std::string(type) == "usb_device") {
+            devices.push_back({udev_device_get_sysname(&device_I),
+                               HexAttribute(device_I, "idVendor"),
+                               HexAttribute(device_I, "idProduct")});
+        }
+    });
+    return devices;
 }
 
 std::vector<SUdevSerialPort> CUdevScanner::UsbSerialPorts() {

@@ -27,6 +27,9 @@ struct SUsbChannel {
 
 std::span<const SUsbChannel> UsbChannels();
 
+// The name of the rules file, as installed under a folder udev reads.
+inline constexpr const char* kUdevRulesFileName = "70-paneltune.rules";
+
 // The role of a USB device's id, or nothing when it is not one of the table.
 const SUsbChannel* FindUsbChannel(uint16_t vendorId_I, uint16_t productId_I);
 

@@ -222,3 +222,23 @@ int CSimulatedPlatform::TiDeviceCount() {
 std::shared_ptr<Connector> CSimulatedPlatform::MakeTiConnector() {
     return std::make_shared<CI2CConnectorTI>(std::make_shared<CSimTiApi>(mWorld->ti, mWorld));
 }
+
+SPlatformReport CSimulatedPlatform::Describe() {
+    SPlatformReport report{"simulated", true, {}};
+    constexpr ESimChannel kChannels[] = {ESimChannel::eVideo, ESimChannel::eHid,
+                                         ESimChannel::eSerial, ESimChannel::eFtdi,
+                                         ESimChannel::eTi};
+    for (const ESimChannel channel : kChannels) {
+        for (size_t index = 0; index < mWorld->displays.size(); ++index) {
+            const CSimDisplay& display = *mWorld->displays[index];
+            if (display.AnswersOn(channel)) {
+                report.findings.push_back({std::string(SimChannelName(channel)),
+                                           "simulated display " + std::to_string(index),
+                                           "a simulated " + std::string(display.Model().name) +
+                                               ", serial number " + display.SerialNumber(),
+                                           false});
+            }
+        }
+    }
+    return report;
+}

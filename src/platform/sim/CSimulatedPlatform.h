@@ -54,6 +54,8 @@ public:
     int TiDeviceCount() override;
     std::shared_ptr<Connector> MakeTiConnector() override;
     bool IsMakerSystem() override { return mMakerSystem; }
+    // Each simulated display on each channel it answers on.
+    SPlatformReport Describe() override;
     bool WatchHotplug(HotplugCallback changed_I) override;
 
     // A display leaves, or comes back (with the values it had saved), as a cable does; each

@@ -216,7 +216,7 @@ void CUmockdevRig::Attach(const std::string& node_I, SNode& node_IO) {
     mHandlers.push_back(handler);
 }
 
-void CUmockdevRig::AttachI2C(int bus_I, ISimI2CTarget& target_I) {
+std::string CUmockdevRig::AddI2CDevice(int bus_I) {
     // The i2c-dev class device of the adapter carries the node.
     const std::string name = "i2c-" + std::to_string(bus_I);
     const std::string node = "/dev/" + name;
@@ -226,6 +226,11 @@ void CUmockdevRig::AttachI2C(int bus_I, ISimI2CTarget& target_I) {
         adapter == mAdapters.end() ? nullptr : adapter->second.c_str(), "dev",
         ("89:" + std::to_string(bus_I)).c_str(), nullptr, "DEVNAME", node.c_str(), nullptr);
     g_free(dev);
+    return node;
+}
+
+void CUmockdevRig::AttachI2C(int bus_I, ISimI2CTarget& target_I) {
+    const std::string node = AddI2CDevice(bus_I);
     SNode& emulated = mNodes.emplace_back();
     emulated.i2c = &target_I;
     Attach(node, emulated);

@@ -32,6 +32,9 @@ public:
     // puts an adapter i2c-<busChild_I> below it.
     std::string AddConnector(const std::string& name_I, const std::vector<uint8_t>& edid_I,
                              const char* status_I, int busLink_I, int busChild_I = -1);
+    // The i2c-dev class device of adapter i2c-<bus>, its node /dev/i2c-<bus> left out: a bus
+    // whose node does not open. Returns the node's name.
+    std::string AddI2CDevice(int bus_I);
     // /dev/i2c-<bus> answers through the target. Records each slave address selected.
     void AttachI2C(int bus_I, ISimI2CTarget& target_I);
     std::vector<unsigned long> SlaveSelections() const;

@@ -4,10 +4,11 @@
 #include "foundation/VirtualClock.h"
 #include "model/UiDisplayDelegate.h"
 #include "platform/sim/CSimulatedPlatform.h"
+#include "resources/CResourceModule.h"
+#include "resources/ResourceLookup.h"
+#include "sim/SimModelTable.h"
 
 #include <gtest/gtest.h>
-
-#include <set>
 
 namespace {
 
@@ -70,36 +71,6 @@ TEST_F(SimulatedDiscoveryTest, FindsAndDrivesADisplayOnEveryChannel) {
     EXPECT_EQ(config.CurrentMonitor(), CSimulatedPlatform::MonitorHandle(4));
 }
 
-TEST_F(SimulatedDiscoveryTest, EachModeFindsWhatItReaches) {
-    struct SRow {
-        SConnectionMode mode;
-        std::set<std::string> models;
-    };
-    const SRow rows[] = {
-        {eConnectionMode_All, {"ElmLarge", "Hazel", "Birch", "Aspen", "CedarSmall"}},
-        {eConnectionMode_HID, {"Hazel"}},
-        {eConnectionMode_Video, {"ElmLarge"}},
-        // The legacy walk looks at every channel listed, the HID channel included.
-        {eConnectionMode_FTDI, {"Hazel", "Birch", "Aspen", "CedarSmall"}},
-    };
-    for (const SRow& row : rows) {
-        auto platform = Platform(kEveryChannel);
-        ASSERT_NE(platform, nullptr);
-        CDisplayConfigInterface config(Options(row.mode), platform);
-
-        std::set<std::string> models;
-        for (const SDisplayInfo& info : config.DisplayInfos()) {
-            ASSERT_NE(info.display, nullptr);
-            for (size_t index = 0; index < platform->DisplayCount(); ++index) {
-                if (ToWide(platform->Display(index).SerialNumber()) == info.serialNumber) {
-                    models.insert(std::string(platform->Display(index).Model().name));
-                }
-            }
-        }
-        EXPECT_EQ(models, row.models) << "mode " << row.mode;
-    }
-}
-
 TEST_F(SimulatedDiscoveryTest, PairsTwoDisplaysOfOneModelBySerialNumber) {
     auto platform = Platform("Birch@ftdi:serial=BIRCHA,Birch@ftdi+video:serial=BIRCHB");
     ASSERT_NE(platform, nullptr);
@@ -147,24 +118,6 @@ TEST_F(SimulatedDiscoveryTest, ReportsTheVideoFailureWhenAskedToStop) {
     EXPECT_NE(error.find(CSimulatedPlatform::MonitorHandle(0)), std::string::npos) << error;
 }
 
-TEST_F(SimulatedDiscoveryTest, TheDefaultSetShowsTwoDisplays) {
-    auto platform = Platform(CSimulatedPlatform::kDefaultDescription);
-    ASSERT_NE(platform, nullptr);
-    CDisplayConfigInterface config(Options(), platform);
-
-    ASSERT_EQ(config.DisplayNames().size(), 2u);
-    EXPECT_EQ(config.DisplayInfos()[0].display->GetConnector()->ConnectorType(),
-              eConnectorType_DisplayPort);
-    EXPECT_EQ(config.DisplayInfos()[1].display->GetConnector()->ConnectorType(),
-              eConnectorType_HID);
-}
-
-TEST_F(SimulatedDiscoveryTest, ABadDescriptionGivesItsReason) {
-    std::string error;
-    EXPECT_EQ(CSimulatedPlatform::FromDescription("Oak@video", error), nullptr);
-    EXPECT_FALSE(error.empty());
-}
-
 TEST_F(SimulatedDiscoveryTest, VideoConnectorServesTheRecordAndRefusesLess) {
     auto platform = Platform("Birch@video");
     ASSERT_NE(platform, nullptr);
@@ -187,6 +140,20 @@ TEST_F(SimulatedDiscoveryTest, VideoConnectorServesTheRecordAndRefusesLess) {
     info.monitorHandle.clear();
     EXPECT_FALSE(connector->OpenDisplayInfo(info));
     EXPECT_TRUE(connector->CapabilitiesString().empty());
+}
+
+// The simulator is written without the resources, yet a simulated display must show the same
+// model number in its EDID as the resources give its product, and be a product they know.
+TEST(SimulatedModels, CarryTheModelNumbersAndProductsOfTheResourceGroups) {
+    const uint16_t english = LanguageProvider("en").mLanguage.languageId;
+    for (const SSimModel& model : SimModels()) {
+        SCOPED_TRACE(model.name);
+        EXPECT_EQ(
+            ToNarrow(GetGroupString("2101", model.productId, english, false, ProgramResources())),
+            model.displayName);
+        EXPECT_FALSE(
+            GetGroupString("2000", model.productId, english, false, ProgramResources()).empty());
+    }
 }
 
 } // namespace
