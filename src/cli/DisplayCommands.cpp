@@ -36,33 +36,11 @@ std::string Pad(std::string text_I, size_t width_I) {
     return text_I;
 }
 
-// Errors from earlier exchanges are dropped first, so that what is left afterwards belongs to
-// the operation in between.
-void ClearOptionErrors(UiDisplayDelegate& display_I) {
-    for (const auto& entry : display_I.GetOptions()) {
-        entry.second->ClearError();
-    }
-}
-
-// The first error an exchange left in an option; empty when the display answered everything.
-std::string OptionError(const UiDisplayDelegate& display_I) {
-    for (const auto& entry : display_I.GetOptions()) {
-        if (entry.second->HasError()) {
-            return Hex2(entry.first) + ": " + entry.second->GetError();
-        }
-    }
-    return {};
-}
-
-// The present value of every option. A write that fails leaves the option at the value it
-// tried while the session drops the error text, so a changed value after a failed setter
-// tells a lost exchange from a value the model refused without traffic.
-std::map<vcpCode, int32_t> OptionValues(const UiDisplayDelegate& display_I) {
-    std::map<vcpCode, int32_t> values;
-    for (const auto& [code, option] : display_I.GetOptions()) {
-        values[code] = option->GetValue();
-    }
-    return values;
+// The cause of the last failure of the session since the operation began, in one line; empty
+// when the display answered everything.
+std::string LastFailure(const UiDisplayDelegate& display_I) {
+    const SDisplayFailure& failure = display_I.GetLastFailure();
+    return failure.Empty() ? std::string() : failure.why + " (" + failure.what + ")";
 }
 
 bool ParseCode(std::string_view text_I, int32_t& code_O) {
@@ -200,12 +178,17 @@ private:
     };
 
     SReading Read(const SSettingRow& row_I) {
+        mDisplay->ClearLastFailure();
         SReading reading{&row_I, row_I.status(*mDisplay), {}, {}};
+        // A status that could not read its codes hides the row: that is no lack of offer.
+        if (!reading.state.visible) {
+            reading.error = LastFailure(*mDisplay);
+        }
         if (reading.state.visible) {
-            ClearOptionErrors(*mDisplay);
+            mDisplay->ClearLastFailure();
             reading.value = row_I.get(*mDisplay);
             if (!reading.value.valid) {
-                reading.error = OptionError(*mDisplay);
+                reading.error = LastFailure(*mDisplay);
             }
             // A colour slot whose codes the display lacks reads as not valid with no error.
             if (row_I.kind == ESettingKind::eColor && !reading.value.valid &&
@@ -220,6 +203,9 @@ private:
         json_I.BeginObject().Key("name").String(reading_I.row->name);
         json_I.Key("offered").Bool(reading_I.state.visible);
         json_I.Key("enabled").Bool(reading_I.state.visible && reading_I.state.enabled);
+        if (!reading_I.error.empty()) {
+            json_I.Key("error").String(reading_I.error);
+        }
         if (reading_I.state.visible) {
             json_I.Key("valid").Bool(reading_I.value.valid);
             json_I.Key("text").String(
@@ -242,6 +228,9 @@ private:
     }
 
     std::string ReadingText(const SReading& reading_I) const {
+        if (!reading_I.error.empty()) {
+            return "error: " + reading_I.error;
+        }
         if (!reading_I.state.visible) {
             return "not offered";
         }
@@ -284,7 +273,7 @@ private:
                 return mContext.Fail(eCliExit_Usage, "unknown setting '" + name + "'");
             }
             readings.push_back(Read(*row));
-            if (!readings[0].state.visible) {
+            if (!readings[0].state.visible && readings[0].error.empty()) {
                 return NotOffered(*row);
             }
         }
@@ -321,12 +310,12 @@ private:
             return mContext.Fail(eCliExit_Usage, "unknown setting '" + mOptions.operands[0] + "'");
         }
         const SReading reading = Read(*row);
-        if (!reading.state.visible) {
-            return NotOffered(*row);
-        }
         if (!reading.error.empty()) {
             return mContext.Fail(eCliExit_Communication,
                                  std::string("reading ") + row->name + " failed: " + reading.error);
+        }
+        if (!reading.state.visible) {
+            return NotOffered(*row);
         }
         if (!reading.state.enabled) {
             return mContext.Fail(
@@ -340,13 +329,9 @@ private:
                                error)) {
             return mContext.Fail(eCliExit_Usage, error);
         }
-        ClearOptionErrors(*mDisplay);
-        const std::map<vcpCode, int32_t> before = OptionValues(*mDisplay);
+        mDisplay->ClearLastFailure();
         if (!row->set(*mDisplay, wanted)) {
-            std::string failure = OptionError(*mDisplay);
-            if (failure.empty() && OptionValues(*mDisplay) != before) {
-                failure = "the display did not answer";
-            }
+            const std::string failure = LastFailure(*mDisplay);
             if (!failure.empty()) {
                 return mContext.Fail(eCliExit_Communication,
                                      std::string("setting ") + row->name + " failed: " + failure);
@@ -376,11 +361,18 @@ private:
         if (!mOptions.save) {
             return eCliExit_Done;
         }
-        ClearOptionErrors(*mDisplay);
+        mDisplay->ClearLastFailure();
         if (!mDisplay->SaveSettings()) {
-            return mContext.Fail(eCliExit_Communication, "saving the settings failed");
+            return mContext.Fail(eCliExit_Communication,
+                                 "saving the settings failed: " + LastFailure(*mDisplay));
         }
         return eCliExit_Done;
+    }
+
+    // Exit 3 with what failed and, where the session knows it, why.
+    int CommunicationFailure(const std::string& what_I) const {
+        const std::string why = LastFailure(*mDisplay);
+        return mContext.Fail(eCliExit_Communication, why.empty() ? what_I : what_I + ": " + why);
     }
 
     int Done(const std::string& what_I) {
@@ -401,8 +393,10 @@ private:
     }
 
     int Save() {
+        mDisplay->ClearLastFailure();
         if (!mDisplay->SaveSettings()) {
-            return mContext.Fail(eCliExit_Communication, "saving the settings failed");
+            return mContext.Fail(eCliExit_Communication,
+                                 "saving the settings failed: " + LastFailure(*mDisplay));
         }
         return Done("settings saved");
     }
@@ -412,8 +406,9 @@ private:
             !mContext.Confirm("Restore the factory settings of " + DisplayName() + "?")) {
             return mContext.Fail(eCliExit_Usage, "factory reset not confirmed");
         }
+        mDisplay->ClearLastFailure();
         if (!mDisplay->FactoryReset()) {
-            return mContext.Fail(eCliExit_Communication, "the factory reset failed");
+            return CommunicationFailure("the factory reset failed");
         }
         return Done("factory settings restored");
     }
@@ -422,8 +417,9 @@ private:
         if (!mDisplay->ResetColorStatus().visible) {
             return mContext.Fail(eCliExit_NotOffered, "this display offers no colour reset");
         }
+        mDisplay->ClearLastFailure();
         if (!mDisplay->SetResetColor()) {
-            return mContext.Fail(eCliExit_Communication, "the colour reset failed");
+            return CommunicationFailure("the colour reset failed");
         }
         return Done("factory colours restored");
     }
@@ -441,8 +437,9 @@ private:
                                                "? The screen is unusable until the cycle ends.")) {
             return mContext.Fail(eCliExit_Usage, "LCD conditioning not confirmed");
         }
+        mDisplay->ClearLastFailure();
         if (!mDisplay->StartConditioning()) {
-            return mContext.Fail(eCliExit_Communication, "LCD conditioning did not start");
+            return CommunicationFailure("LCD conditioning did not start");
         }
         return Done("LCD conditioning started");
     }
@@ -483,11 +480,11 @@ private:
             return mContext.Fail(eCliExit_NotOffered,
                                  "VCP code " + Hex2(code) + " can only be written");
         }
-        ClearOptionErrors(*mDisplay);
+        mDisplay->ClearLastFailure();
         const SVCPResult result = mDisplay->GetVCPValue(static_cast<vcpCode>(code), true);
         if (!result.valid) {
             return mContext.Fail(eCliExit_Communication,
-                                 "reading " + Hex2(code) + " failed: " + OptionError(*mDisplay));
+                                 "reading " + Hex2(code) + " failed: " + LastFailure(*mDisplay));
         }
         PrintVcp(code, result);
         return eCliExit_Done;
@@ -505,13 +502,13 @@ private:
         }
         const auto vcp = static_cast<vcpCode>(code);
         const std::shared_ptr<VCPOptionBase> option = mDisplay->GetOptions().at(vcp);
-        ClearOptionErrors(*mDisplay);
+        mDisplay->ClearLastFailure();
         // The session writes only a value it has read; a write-only code has nothing to read.
         if (option->Info().access != SVCPCodeInfo::eWriteOnly) {
             const SVCPResult before = mDisplay->GetVCPValue(vcp, false);
             if (!before.valid) {
                 return mContext.Fail(eCliExit_Communication, "reading " + Hex2(code) + " failed: " +
-                                                                 OptionError(*mDisplay));
+                                                                 LastFailure(*mDisplay));
             }
             const auto* enumeration = dynamic_cast<const VCPOptionEnumerationBase*>(option.get());
             const bool listed =
@@ -525,7 +522,7 @@ private:
         }
         if (!mDisplay->SetVCPValue(vcp, value)) {
             return mContext.Fail(eCliExit_Communication,
-                                 "writing " + Hex2(code) + " failed: the display did not answer");
+                                 "writing " + Hex2(code) + " failed: " + LastFailure(*mDisplay));
         }
         if (const int saved = SaveIfAsked(); saved != eCliExit_Done) {
             return saved;

@@ -414,10 +414,8 @@ void CDisplay::NoteFailure(const std::string& what_I, const std::string& why_I) 
 
 void CDisplay::NoteOptionFailure(const char* action_I, const VCPOptionBase& option_I) {
     char code[8];
-    std::snprintf(code, sizeof code, "%02X", static_cast<unsigned>(option_I.GetCode()));
-    NoteFailure(std::string(action_I) + " " + VCPCodeToString(option_I.GetCode()) + " (" + code +
-                    ")",
-                FailureReason(option_I.GetError()));
+    std::snprintf(code, sizeof code, "0x%02X", static_cast<unsigned>(option_I.GetCode()));
+    NoteFailure(std::string(action_I) + " VCP code " + code, FailureReason(option_I.GetError()));
 }
 
 std::string CDisplay::DumpState() const {

@@ -19,7 +19,7 @@
 
 // What an operation of the session failed at and why, in words a user can act on.
 struct SDisplayFailure {
-    std::string what; // "reading Luminance (10)"
+    std::string what; // "reading VCP code 0x10"
     std::string why;  // "the display did not answer"
     bool Empty() const { return what.empty(); }
     std::string Text() const { return what + ": " + why; }

@@ -207,7 +207,7 @@ TEST(CDisplayWrite, RetriesAFailedWriteOnceAfterAPause) {
         // A write of unknown outcome leaves the value last known, with its cause.
         EXPECT_EQ(session.mDisplay.GetOptions().at(vcpC_Contrast)->GetValue(), c.result ? 40 : 50);
         EXPECT_EQ(session.mDisplay.GetLastFailure().Text(),
-                  c.result ? ": " : "writing Contrast (12): the display did not answer");
+                  c.result ? ": " : "writing VCP code 0x12: the display did not answer");
 
         // The same value asked again goes to the wire only when the first did not arrive.
         session.mFake->ClearSent();
