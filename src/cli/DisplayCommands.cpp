@@ -258,9 +258,21 @@ private:
         return mContext.Fail(eCliExit_NotOffered, text);
     }
 
-    int Get() {
-        // The display may have changed its colour setting from its own menu.
+    // The display may have changed its colour setting from its own menu; the rows that follow
+    // it are only true when it could be read.
+    int ReadColorSetting() {
+        mDisplay->ClearLastFailure();
         mDisplay->GetColorSetting();
+        const std::string failure = LastFailure(*mDisplay);
+        return failure.empty() ? eCliExit_Done
+                               : mContext.Fail(eCliExit_Communication,
+                                               "reading color-setting failed: " + failure);
+    }
+
+    int Get() {
+        if (const int read = ReadColorSetting(); read != eCliExit_Done) {
+            return read;
+        }
         const std::string& name = mOptions.operands[0];
         std::vector<SReading> readings;
         if (ToLower(name) == "all") {
@@ -304,7 +316,9 @@ private:
     }
 
     int Set() {
-        mDisplay->GetColorSetting();
+        if (const int read = ReadColorSetting(); read != eCliExit_Done) {
+            return read;
+        }
         const SSettingRow* row = FindSetting(mOptions.operands[0]);
         if (!row) {
             return mContext.Fail(eCliExit_Usage, "unknown setting '" + mOptions.operands[0] + "'");
