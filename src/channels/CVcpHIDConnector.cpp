@@ -282,12 +282,14 @@ FileVersion CVcpHIDConnector::FWVersion() {
 std::string CVcpHIDConnector::ReadInformationText(size_t at_I, const char* failure_I) {
     const ByteVector frame = BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0, 0);
     const ByteVector report = SubmitRequest(frame, kKindRead);
-    if (!HoldsReply(report)) {
+    // A null message in place of the record leaves the text unknown, not blank.
+    if (!HoldsReply(report) || report[kReplyCodeAt] != ddcCC_VCPReplyCode) {
         Trace("%s", failure_I);
         return {};
     }
     VRX_ASSERT(report.size() >= at_I + kInformationText);
-    if (report.size() < at_I + kInformationText) {
+    // A record cut short reads as zeros there: no text, rather than thirteen NULs.
+    if (report.size() < at_I + kInformationText || report[at_I] == 0) {
         return {};
     }
     return std::string(report.begin() + static_cast<long>(at_I),

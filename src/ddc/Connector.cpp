@@ -153,7 +153,6 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
     data.reserve(kCapabilitiesReserve);
     uint16_t offset = 0;
     CReadGuard guard(kCapabilitiesBounds);
-    int lastEchoed = -1;
     for (;;) {
         const ByteVector request =
             private_I ? BuildPrivateCapabilitiesRequest(offset) : BuildCapabilitiesRequest(offset);
@@ -191,6 +190,14 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
             reply[4] == (offset & 0xFF)) {
             return ExtractCapabilitiesString(data);
         }
+        // A fragment for another offset (one cut short, or the one before again) is no answer:
+        // the same offset is asked again.
+        if ((reply[3] << 8 | reply[4]) != offset) {
+            if (!guard.Continue(data.size(), false)) {
+                return {};
+            }
+            continue;
+        }
         if (Checksum(reply, kReplySeed) != 0) {
             VRX_ASSERT_NOT_REACHED("CapabilitiesString read checksum mismatch");
             Trace("CapabilitiesString:Read checksum failed\n");
@@ -198,11 +205,7 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
         reply.pop_back();
         data.insert(data.end(), reply.begin() + kFragmentHeader, reply.end());
         offset = static_cast<uint16_t>(data.size() & 0xFFFF);
-        // A fragment that names the offset of the one before adds nothing new.
-        const int echoed = reply[3] << 8 | reply[4];
-        const bool repeated = echoed == lastEchoed;
-        lastEchoed = echoed;
-        if (!guard.Continue(data.size(), !repeated)) {
+        if (!guard.Continue(data.size())) {
             return {};
         }
     }

@@ -98,7 +98,7 @@ TEST(CapabilitiesLoop, FragmentsNullMessagesShortAndLostReplies) {
          ELoop::Standard,
          {Fragment(0, "(a"), Fragment(2, "b")},
          "",
-         {0, 2, 3, 4, 5, 6, 7, 8, 9, 10},
+         {0, 2, 3, 3, 3, 3, 3, 3, 3, 3},
          true},
         {"fragment that adds nothing ends the read",
          ELoop::Standard,
