@@ -1,6 +1,7 @@
 #include "channels/CI2CConnectorFTDI.h"
 
 #include "channels/ChannelFrames.h"
+#include "ddc/ReadBounds.h"
 #include "ddc/VcpCodes.h"
 #include "foundation/HexDump.h"
 #include "foundation/StringUtilities.h"
@@ -38,6 +39,14 @@ constexpr size_t kEdidReserve = 1024;
 constexpr uint8_t kEdidTable = 0xC3;
 constexpr size_t kFragmentHeader = 5;
 constexpr size_t kShortestFragment = 6;
+// An EDID is 128 bytes a block, a few blocks at most: these bounds only end a scaler that
+// repeats a fragment, or a filler reply, without end.
+constexpr SReadBounds kEdidBounds = {4, 512, 4096};
+// A short DisplayInformation reply is asked again, a few times; a real scaler answers in one.
+constexpr SReadBounds kInformationBounds = {4, 4, 4096};
+// Filler bytes in front of a reply frame: far more than a scaler ever sends, well short of a
+// bus that streams without end.
+constexpr int kHuntLimit = 256;
 constexpr int kKestrelChunks = 16;
 constexpr size_t kKestrelReplySize = 19;
 constexpr size_t kKestrelHeader = 2;
@@ -144,7 +153,12 @@ ByteVector CI2CConnectorFTDI::SendRequest(const ByteVector& toSend_I, double del
         return {};
     }
     // Hunt for the frame's first byte; the scaler may send filler in front of it.
-    for (;;) {
+    for (int hunted = 0;; ++hunted) {
+        if (hunted == kHuntLimit) {
+            Trace("CI2CConnectorFTDI::SendRequest: no frame after %i bytes\n", hunted);
+            I2CStop();
+            return {};
+        }
         uint8_t byte = 0;
         if (I2CReadByte(true, byte) != Ft::kOk) {
             I2CStop();
@@ -228,7 +242,8 @@ ByteVector CI2CConnectorFTDI::ReadDisplayInformation() {
         DumpBuffer(request, "DisplayInformation request");
     }
     ByteVector inBuffer;
-    // A short reply is asked again, for as long as it comes.
+    // A short reply is asked again, for as long as the guard allows.
+    CReadGuard guard(kInformationBounds);
     for (;;) {
         inBuffer = SendRequest(request, kInformationDelayS, kInformationExpectedSize, kRetries);
         if (inBuffer.empty()) {
@@ -246,6 +261,9 @@ ByteVector CI2CConnectorFTDI::ReadDisplayInformation() {
             break;
         }
         VRX_ASSERT_NOT_REACHED("break");
+        if (!guard.Continue(0)) {
+            return {};
+        }
     }
     if (tracing) {
         DumpBuffer(inBuffer, "Data read from Scalar");
@@ -319,6 +337,8 @@ ByteVector CI2CConnectorFTDI::ReadEDIDFragments(uint32_t sid_I) {
     ByteVector edid;
     edid.reserve(kEdidReserve);
     uint16_t offset = 0;
+    CReadGuard guard(kEdidBounds);
+    int lastEchoed = -1;
     for (;;) {
         const ByteVector request =
             FrameFor({ddcCC_TableReadRequest, kEdidTable, static_cast<uint8_t>(offset >> 8),
@@ -360,6 +380,13 @@ ByteVector CI2CConnectorFTDI::ReadEDIDFragments(uint32_t sid_I) {
         inBuffer.pop_back();
         edid.insert(edid.end(), inBuffer.begin() + kFragmentHeader, inBuffer.end());
         offset = static_cast<uint16_t>(edid.size() & 0xFFFF);
+        // A fragment that names the offset of the one before adds nothing new.
+        const int echoed = inBuffer[3] << 8 | inBuffer[4];
+        const bool repeated = echoed == lastEchoed;
+        lastEchoed = echoed;
+        if (!guard.Continue(edid.size(), !repeated)) {
+            return {};
+        }
     }
 }
 

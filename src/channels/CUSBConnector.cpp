@@ -1,5 +1,6 @@
 #include "channels/CUSBConnector.h"
 
+#include "ddc/ReadBounds.h"
 #include "foundation/HexDump.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/TimeSeam.h"
@@ -22,6 +23,11 @@ constexpr size_t kShortestFragment = 5;
 constexpr size_t kHeaderSize = 5;
 constexpr size_t kFragmentText = 32;
 constexpr uint32_t kCapabilitiesSettleMs = 100;
+// A real capability string is a few hundred bytes: these bounds only end a scaler that repeats a
+// fragment or sends text without end.
+constexpr SReadBounds kCapabilitiesBounds = {4, 1024, 32 * 1024};
+// The longest reply is the 256 EDID bytes: a line that has sent far more streams without end.
+constexpr size_t kLongestReply = 4096;
 
 // The channel's private EDID command: no address, no check byte.
 const ByteVector kEdidRequest = {0xA0, 0x00};
@@ -112,8 +118,8 @@ ByteVector CUSBConnector::SendRequest(const ByteVector& toSend_I, double delay,
 
     ByteVector reply;
     reply.reserve(expectedSize_I);
-    // The reply ends when a read finds the line quiet.
-    for (;;) {
+    // The reply ends when a read finds the line quiet, or when it is far too long to be one.
+    while (reply.size() < kLongestReply) {
         uint8_t chunk[kReadChunk];
         size_t read = 0;
         if (!mPort->Read(chunk, sizeof chunk, read)) {
@@ -141,6 +147,8 @@ std::string CUSBConnector::CapabilitiesString() {
     std::string capabilitiesStr;
     int depth = 0;
     uint16_t offset = 0;
+    CReadGuard guard(kCapabilitiesBounds);
+    int lastEchoed = -1;
     for (bool complete = false; !complete;) {
         const ByteVector request = BuildCapabilitiesRequest(offset);
         if (tracing) {
@@ -183,6 +191,13 @@ std::string CUSBConnector::CapabilitiesString() {
         }
         if (inBuffer.size() < kHeaderSize + kFragmentText) {
             break;
+        }
+        // A fragment that names the offset of the one before adds nothing new.
+        const int echoed = inBuffer[3] << 8 | inBuffer[4];
+        const bool repeated = echoed == lastEchoed;
+        lastEchoed = echoed;
+        if (!complete && !guard.Continue(data.size(), !repeated)) {
+            return {};
         }
     }
     VRX_ASSERT(!capabilitiesStr.empty());

@@ -1,5 +1,6 @@
 #include "channels/CVcpHIDConnector.h"
 
+#include "ddc/ReadBounds.h"
 #include "ddc/VcpCodes.h"
 #include "foundation/HexDump.h"
 #include "foundation/TimeSeam.h"
@@ -24,7 +25,11 @@ constexpr int kPollLimit = 5;
 constexpr uint32_t kPollIntervalMs = 100;
 
 // The reply frame lies in the status report from byte 6 on.
+constexpr size_t kReplyAt = 6;
 constexpr size_t kReplyLengthAt = 7;
+constexpr size_t kReplyCodeAt = 8;
+constexpr size_t kResultAt = 9;
+constexpr size_t kReplyVcpAt = 10;
 constexpr size_t kFragmentAt = 9;
 constexpr size_t kMaximumLowAt = 13;
 constexpr size_t kMinorAt = 14;
@@ -32,6 +37,22 @@ constexpr size_t kCurrentLowAt = 15;
 constexpr size_t kNameAt = 23;
 constexpr size_t kSerialAt = 36;
 constexpr size_t kInformationText = 13;
+// A real capability string is a few hundred bytes: these bounds only end a scaler that repeats a
+// fragment or sends text without end.
+constexpr SReadBounds kCapabilitiesBounds = {4, 1024, 32 * 1024};
+
+// Whether a status report holds a finished reply frame: one of the firmware's other states
+// carries no data to take.
+bool HoldsReply(const ByteVector& report_I) {
+    return report_I.size() > kCurrentLowAt && report_I[kStatusAt] == 0x00 &&
+           report_I[kReplyAt] == kDisplayAddress;
+}
+
+// Whether a status report carries the Get VCP Feature reply for this code.
+bool AnswersFeatureRequest(const ByteVector& report_I, uint8_t code_I) {
+    return HoldsReply(report_I) && report_I[kReplyCodeAt] == ddcCC_VCPReplyCode &&
+           report_I[kResultAt] == 0x00 && report_I[kReplyVcpAt] == code_I;
+}
 
 } // namespace
 
@@ -100,11 +121,11 @@ ByteVector CVcpHIDConnector::GetStatus() {
     ByteVector buffer = {kReportId, kSubId, kKindStatus};
     if (!SetFeature(buffer)) {
         Trace("GetStatus: fail SetFeature\n");
-        return buffer;
+        return {};
     }
     if (!GetFeature(buffer)) {
         Trace("GetStatus: GetStatus: GetFeature failed\n");
-        return buffer;
+        return {};
     }
     if (gTraceEnabled) {
         std::string text = "status bytes returned:\n";
@@ -139,8 +160,9 @@ ByteVector CVcpHIDConnector::SubmitRequest(const ByteVector& cmdbuf_I, int kind_
     for (int counter = 1;;) {
         result = GetStatus();
         VRX_ASSERT(result.size() >= 4);
-        if (result.size() > kStatusAt && result[kStatusAt] != kStatusBusy &&
-            result[kStatusAt] != kStatusPending) {
+        // A failed poll ends the exchange at once: the device is gone, not busy.
+        if (result.size() <= kStatusAt ||
+            (result[kStatusAt] != kStatusBusy && result[kStatusAt] != kStatusPending)) {
             break;
         }
         SleepMs(kPollIntervalMs);
@@ -170,7 +192,7 @@ ByteVector CVcpHIDConnector::SendRequest(const ByteVector& toSend_I, double /*de
     case ddcCC_GetVCPFeatureRequest: {
         const ByteVector report = SubmitRequest(toSend_I, kKindRead);
         // The current value's low byte is the last one used.
-        if (report.size() <= kCurrentLowAt) {
+        if (!AnswersFeatureRequest(report, code)) {
             Trace("CVcpHIDConnector::SendRequest - GetRequest failed\n");
             return {};
         }
@@ -178,13 +200,16 @@ ByteVector CVcpHIDConnector::SendRequest(const ByteVector& toSend_I, double /*de
                                       report[kMaximumLowAt]);
     }
     case ddcCC_SetVCPFeatureRequest:
-    case ddcCC_SaveCurrentSettingsRequest:
-        // The status is not consulted: a report that came back at all is done.
-        if (SubmitRequest(toSend_I, kKindWrite).empty()) {
+    case ddcCC_SaveCurrentSettingsRequest: {
+        // A report that came back at all is done, unless the firmware is still at work.
+        const ByteVector report = SubmitRequest(toSend_I, kKindWrite);
+        if (report.size() <= kStatusAt || report[kStatusAt] == kStatusBusy ||
+            report[kStatusAt] == kStatusPending) {
             Trace("CVcpHIDConnector::SendRequest - SetRequest failed\n");
             return {};
         }
         return BuildSimulatedResponse(operation, code, 0, 0);
+    }
     default:
         VRX_ASSERT_NOT_REACHED("Oops - unsupported vcpCode");
         VRX_ASSERT_NOT_REACHED("Oops - unknown or unsupported VCP op");
@@ -198,14 +223,18 @@ std::string CVcpHIDConnector::CapabilitiesString() {
     }
     std::string text;
     uint16_t offset = 0;
+    CReadGuard guard(kCapabilitiesBounds);
     for (;;) {
         const ByteVector frame =
             BuildCommand(ddcCC_CapabilitiesRequest, 0, static_cast<uint8_t>(offset >> 8),
                          static_cast<uint8_t>(offset & 0xFF));
         const ByteVector report = SubmitRequest(frame, kKindRead);
-        // A report too short to hold a length byte, or a length byte of 0, has no fragment:
-        // the text ends with what has come.
-        if (report.size() < kFragmentAt || (report[kReplyLengthAt] & 0x7F) == 0) {
+        // A lost or unfinished reply leaves the text unknown, not shorter.
+        if (!HoldsReply(report)) {
+            return {};
+        }
+        // A length byte of 0 has no fragment: the text ends with what has come.
+        if ((report[kReplyLengthAt] & 0x7F) == 0) {
             break;
         }
         const size_t n = (report[kReplyLengthAt] & 0x7F) - 1u;
@@ -218,8 +247,16 @@ std::string CVcpHIDConnector::CapabilitiesString() {
         if (fragment >= report.begin() + end) {
             break;
         }
-        text.append(fragment, std::find(fragment, report.begin() + end, 0));
-        offset = static_cast<uint16_t>(offset + n - 2);
+        // A fragment must answer the offset asked; another one adds nothing new.
+        const bool answers =
+            report[kFragmentAt] == (offset >> 8) && report[kFragmentAt + 1] == (offset & 0xFF);
+        if (answers) {
+            text.append(fragment, std::find(fragment, report.begin() + end, 0));
+            offset = static_cast<uint16_t>(offset + n - 2);
+        }
+        if (!guard.Continue(text.size(), answers)) {
+            return {};
+        }
     }
     mCapabilities = text;
     return mCapabilities;
@@ -245,12 +282,14 @@ FileVersion CVcpHIDConnector::FWVersion() {
 std::string CVcpHIDConnector::ReadInformationText(size_t at_I, const char* failure_I) {
     const ByteVector frame = BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0, 0);
     const ByteVector report = SubmitRequest(frame, kKindRead);
-    if (report.empty()) {
+    // A null message in place of the record leaves the text unknown, not blank.
+    if (!HoldsReply(report) || report[kReplyCodeAt] != ddcCC_VCPReplyCode) {
         Trace("%s", failure_I);
         return {};
     }
     VRX_ASSERT(report.size() >= at_I + kInformationText);
-    if (report.size() < at_I + kInformationText) {
+    // A record cut short reads as zeros there: no text, rather than thirteen NULs.
+    if (report.size() < at_I + kInformationText || report[at_I] == 0) {
         return {};
     }
     return std::string(report.begin() + static_cast<long>(at_I),

@@ -2,6 +2,42 @@
 
 #include <cstdio>
 
+namespace {
+
+// The length of the well-formed UTF-8 sequence at the start of text_I, or 0 when there is none:
+// no overlong forms, no surrogates, nothing above U+10FFFF.
+size_t Utf8SequenceLength(std::string_view text_I) {
+    const auto byte = [&](size_t at_I) { return static_cast<unsigned char>(text_I[at_I]); };
+    const unsigned char lead = byte(0);
+    size_t length = 0;
+    unsigned char low = 0x80;
+    unsigned char high = 0xBF;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3;
+        low = lead == 0xE0 ? 0xA0 : 0x80;
+        high = lead == 0xED ? 0x9F : 0xBF;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        low = lead == 0xF0 ? 0x90 : 0x80;
+        high = lead == 0xF4 ? 0x8F : 0xBF;
+    } else {
+        return 0;
+    }
+    if (text_I.size() < length || byte(1) < low || byte(1) > high) {
+        return 0;
+    }
+    for (size_t at = 2; at < length; ++at) {
+        if (byte(at) < 0x80 || byte(at) > 0xBF) {
+            return 0;
+        }
+    }
+    return length;
+}
+
+} // namespace
+
 void CJsonWriter::BeforeValue() {
     if (mAfterKey) {
         mAfterKey = false;
@@ -51,7 +87,20 @@ CJsonWriter& CJsonWriter::Key(std::string_view key_I) {
 CJsonWriter& CJsonWriter::String(std::string_view value_I) {
     BeforeValue();
     mText += '"';
-    for (const char c : value_I) {
+    for (size_t at = 0; at < value_I.size(); ++at) {
+        const char c = value_I[at];
+        if (static_cast<unsigned char>(c) >= 0x80) {
+            // Text from a display or a user need not be UTF-8: a byte that starts no valid
+            // sequence becomes U+FFFD, so that the output stays valid JSON.
+            const size_t length = Utf8SequenceLength(value_I.substr(at));
+            if (length == 0) {
+                mText += "\\ufffd";
+            } else {
+                mText.append(value_I.substr(at, length));
+                at += length - 1;
+            }
+            continue;
+        }
         switch (c) {
         case '"':
             mText += "\\\"";

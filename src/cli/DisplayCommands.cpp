@@ -36,33 +36,11 @@ std::string Pad(std::string text_I, size_t width_I) {
     return text_I;
 }
 
-// Errors from earlier exchanges are dropped first, so that what is left afterwards belongs to
-// the operation in between.
-void ClearOptionErrors(UiDisplayDelegate& display_I) {
-    for (const auto& entry : display_I.GetOptions()) {
-        entry.second->ClearError();
-    }
-}
-
-// The first error an exchange left in an option; empty when the display answered everything.
-std::string OptionError(const UiDisplayDelegate& display_I) {
-    for (const auto& entry : display_I.GetOptions()) {
-        if (entry.second->HasError()) {
-            return Hex2(entry.first) + ": " + entry.second->GetError();
-        }
-    }
-    return {};
-}
-
-// The present value of every option. A write that fails leaves the option at the value it
-// tried while the session drops the error text, so a changed value after a failed setter
-// tells a lost exchange from a value the model refused without traffic.
-std::map<vcpCode, int32_t> OptionValues(const UiDisplayDelegate& display_I) {
-    std::map<vcpCode, int32_t> values;
-    for (const auto& [code, option] : display_I.GetOptions()) {
-        values[code] = option->GetValue();
-    }
-    return values;
+// The cause of the last failure of the session since the operation began, in one line; empty
+// when the display answered everything.
+std::string LastFailure(const UiDisplayDelegate& display_I) {
+    const SDisplayFailure& failure = display_I.GetLastFailure();
+    return failure.Empty() ? std::string() : failure.why + " (" + failure.what + ")";
 }
 
 bool ParseCode(std::string_view text_I, int32_t& code_O) {
@@ -216,21 +194,22 @@ private:
     // turns out hidden, so it suits one named setting, not all of them.
     SReading Read(const SSettingRow& row_I, bool valueFirst_I) {
         SReading reading{&row_I, {}, {}, {}};
-        ClearOptionErrors(*mDisplay);
+        mDisplay->ClearLastFailure();
         if (valueFirst_I) {
             reading.value = row_I.get(*mDisplay);
-            reading.error = reading.value.valid ? std::string() : OptionError(*mDisplay);
+            reading.error = reading.value.valid ? std::string() : LastFailure(*mDisplay);
             reading.state = row_I.status(*mDisplay);
         } else {
             reading.state = row_I.status(*mDisplay);
             if (reading.state.visible) {
-                ClearOptionErrors(*mDisplay);
+                mDisplay->ClearLastFailure();
                 reading.value = row_I.get(*mDisplay);
-                reading.error = reading.value.valid ? std::string() : OptionError(*mDisplay);
+                reading.error = reading.value.valid ? std::string() : LastFailure(*mDisplay);
             }
         }
+        // A status that could not read its codes hides the row: that is no lack of offer.
         if (!reading.state.visible) {
-            return {&row_I, {}, {}, {}};
+            return {&row_I, {}, {}, LastFailure(*mDisplay)};
         }
         // A colour slot whose codes the display lacks reads as not valid with no error.
         if (row_I.kind == ESettingKind::eColor && !reading.value.valid && reading.error.empty()) {
@@ -243,6 +222,9 @@ private:
         json_I.BeginObject().Key("name").String(reading_I.row->name);
         json_I.Key("offered").Bool(reading_I.state.visible);
         json_I.Key("enabled").Bool(reading_I.state.visible && reading_I.state.enabled);
+        if (!reading_I.error.empty()) {
+            json_I.Key("error").String(reading_I.error);
+        }
         if (reading_I.state.visible) {
             json_I.Key("valid").Bool(reading_I.value.valid);
             json_I.Key("text").String(ValueText(reading_I));
@@ -271,6 +253,9 @@ private:
     }
 
     std::string ReadingText(const SReading& reading_I) const {
+        if (!reading_I.error.empty()) {
+            return "error: " + reading_I.error;
+        }
         if (!reading_I.state.visible) {
             return "not offered";
         }
@@ -296,9 +281,21 @@ private:
         return mContext.Fail(eCliExit_NotOffered, text);
     }
 
-    int Get() {
-        // The display may have changed its colour setting from its own menu.
+    // The display may have changed its colour setting from its own menu; the rows that follow
+    // it are only true when it could be read.
+    int ReadColorSetting() {
+        mDisplay->ClearLastFailure();
         mDisplay->GetColorSetting();
+        const std::string failure = LastFailure(*mDisplay);
+        return failure.empty() ? eCliExit_Done
+                               : mContext.Fail(eCliExit_Communication,
+                                               "reading color-setting failed: " + failure);
+    }
+
+    int Get() {
+        if (const int read = ReadColorSetting(); read != eCliExit_Done) {
+            return read;
+        }
         const std::string& name = mOptions.operands[0];
         std::vector<SReading> readings;
         if (ToLower(name) == "all") {
@@ -311,7 +308,7 @@ private:
                 return mContext.Fail(eCliExit_Usage, "unknown setting '" + name + "'");
             }
             readings.push_back(Read(*row, true));
-            if (!readings[0].state.visible) {
+            if (!readings[0].state.visible && readings[0].error.empty()) {
                 return NotOffered(*row);
             }
         }
@@ -342,18 +339,20 @@ private:
     }
 
     int Set() {
-        mDisplay->GetColorSetting();
+        if (const int read = ReadColorSetting(); read != eCliExit_Done) {
+            return read;
+        }
         const SSettingRow* row = FindSetting(mOptions.operands[0]);
         if (!row) {
             return mContext.Fail(eCliExit_Usage, "unknown setting '" + mOptions.operands[0] + "'");
         }
         const SReading reading = Read(*row, true);
-        if (!reading.state.visible) {
-            return NotOffered(*row);
-        }
         if (!reading.error.empty()) {
             return mContext.Fail(eCliExit_Communication,
                                  std::string("reading ") + row->name + " failed: " + reading.error);
+        }
+        if (!reading.state.visible) {
+            return NotOffered(*row);
         }
         if (!reading.state.enabled) {
             return mContext.Fail(
@@ -372,13 +371,9 @@ private:
         case ESettingParse::eOutOfRange:
             return mContext.Fail(eCliExit_NotOffered, error);
         }
-        ClearOptionErrors(*mDisplay);
-        const std::map<vcpCode, int32_t> before = OptionValues(*mDisplay);
+        mDisplay->ClearLastFailure();
         if (!row->set(*mDisplay, wanted)) {
-            std::string failure = OptionError(*mDisplay);
-            if (failure.empty() && OptionValues(*mDisplay) != before) {
-                failure = "the display did not answer";
-            }
+            const std::string failure = LastFailure(*mDisplay);
             if (!failure.empty()) {
                 return mContext.Fail(eCliExit_Communication,
                                      std::string("setting ") + row->name + " failed: " + failure);
@@ -408,11 +403,18 @@ private:
         if (!mOptions.save) {
             return eCliExit_Done;
         }
-        ClearOptionErrors(*mDisplay);
+        mDisplay->ClearLastFailure();
         if (!mDisplay->SaveSettings()) {
-            return mContext.Fail(eCliExit_Communication, "saving the settings failed");
+            return mContext.Fail(eCliExit_Communication,
+                                 "saving the settings failed: " + LastFailure(*mDisplay));
         }
         return eCliExit_Done;
+    }
+
+    // Exit 3 with what failed and, where the session knows it, why.
+    int CommunicationFailure(const std::string& what_I) const {
+        const std::string why = LastFailure(*mDisplay);
+        return mContext.Fail(eCliExit_Communication, why.empty() ? what_I : what_I + ": " + why);
     }
 
     int Done(const std::string& what_I) {
@@ -433,8 +435,10 @@ private:
     }
 
     int Save() {
+        mDisplay->ClearLastFailure();
         if (!mDisplay->SaveSettings()) {
-            return mContext.Fail(eCliExit_Communication, "saving the settings failed");
+            return mContext.Fail(eCliExit_Communication,
+                                 "saving the settings failed: " + LastFailure(*mDisplay));
         }
         return Done("settings saved");
     }
@@ -445,8 +449,9 @@ private:
             asked != eCliExit_Done) {
             return asked;
         }
+        mDisplay->ClearLastFailure();
         if (!mDisplay->FactoryReset()) {
-            return mContext.Fail(eCliExit_Communication, "the factory reset failed");
+            return CommunicationFailure("the factory reset failed");
         }
         return Done("factory settings restored");
     }
@@ -460,8 +465,9 @@ private:
             asked != eCliExit_Done) {
             return asked;
         }
+        mDisplay->ClearLastFailure();
         if (!mDisplay->SetResetColor()) {
-            return mContext.Fail(eCliExit_Communication, "the colour reset failed");
+            return CommunicationFailure("the colour reset failed");
         }
         return Done("factory colours restored");
     }
@@ -482,8 +488,9 @@ private:
             asked != eCliExit_Done) {
             return asked;
         }
+        mDisplay->ClearLastFailure();
         if (!mDisplay->StartConditioning()) {
-            return mContext.Fail(eCliExit_Communication, "LCD conditioning did not start");
+            return CommunicationFailure("LCD conditioning did not start");
         }
         return Done("LCD conditioning started");
     }
@@ -525,11 +532,11 @@ private:
             return mContext.Fail(eCliExit_NotOffered,
                                  "VCP code " + Hex2(code) + " can only be written");
         }
-        ClearOptionErrors(*mDisplay);
+        mDisplay->ClearLastFailure();
         const SVCPResult result = mDisplay->GetVCPValue(static_cast<vcpCode>(code), true);
         if (!result.valid) {
             return mContext.Fail(eCliExit_Communication,
-                                 "reading " + Hex2(code) + " failed: " + OptionError(*mDisplay));
+                                 "reading " + Hex2(code) + " failed: " + LastFailure(*mDisplay));
         }
         PrintVcp(code, result);
         return eCliExit_Done;
@@ -547,13 +554,13 @@ private:
         }
         const auto vcp = static_cast<vcpCode>(code);
         const std::shared_ptr<VCPOptionBase> option = mDisplay->GetOptions().at(vcp);
-        ClearOptionErrors(*mDisplay);
+        mDisplay->ClearLastFailure();
         // The session writes only a value it has read; a write-only code has nothing to read.
         if (option->Info().access != SVCPCodeInfo::eWriteOnly) {
             const SVCPResult before = mDisplay->GetVCPValue(vcp, false);
             if (!before.valid) {
                 return mContext.Fail(eCliExit_Communication, "reading " + Hex2(code) + " failed: " +
-                                                                 OptionError(*mDisplay));
+                                                                 LastFailure(*mDisplay));
             }
             const auto* enumeration = dynamic_cast<const VCPOptionEnumerationBase*>(option.get());
             const bool listed =
@@ -573,7 +580,7 @@ private:
         }
         if (!mDisplay->SetVCPValue(vcp, value)) {
             return mContext.Fail(eCliExit_Communication,
-                                 "writing " + Hex2(code) + " failed: the display did not answer");
+                                 "writing " + Hex2(code) + " failed: " + LastFailure(*mDisplay));
         }
         if (const int saved = SaveIfAsked(); saved != eCliExit_Done) {
             return saved;

@@ -13,12 +13,15 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 
 namespace {
 
+// Far above an EDID with every extension block (32 KiB); a larger file is something else.
+constexpr size_t kLargestEdidFile = 64 * 1024;
 constexpr uint8_t kEdidHeader[] = {0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
 // Maker id (big endian, three letters of five bits) and product code (little endian).
 constexpr size_t kMakerIdOffset = 8;
@@ -115,6 +118,12 @@ int RunEdid(const SCliContext& context_I) {
     const bool fromInput = path == "-";
     std::ifstream file;
     if (!fromInput) {
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(path, error)) {
+            return context_I.Fail(
+                eCliExit_Usage, "cannot read '" + path + "': " +
+                                    (error ? error.message() : std::string("not a regular file")));
+        }
         file.open(path, std::ios::binary);
         if (!file) {
             return context_I.Fail(eCliExit_Usage,
@@ -122,8 +131,13 @@ int RunEdid(const SCliContext& context_I) {
         }
     }
     std::istream& source = fromInput ? context_I.in : file;
-    const ByteVector edid((std::istreambuf_iterator<char>(source)),
-                          std::istreambuf_iterator<char>());
+    // One byte more than allowed tells a file that is too large.
+    ByteVector edid(kLargestEdidFile + 1);
+    source.read(reinterpret_cast<char*>(edid.data()), static_cast<std::streamsize>(edid.size()));
+    edid.resize(static_cast<size_t>(source.gcount()));
+    if (edid.size() > kLargestEdidFile) {
+        return context_I.Fail(eCliExit_Usage, "'" + path + "' is too large to be an EDID");
+    }
     if (edid.size() < kProductCodeOffset + 2) {
         return context_I.Fail(eCliExit_Usage, "'" + path + "' is too short to be an EDID");
     }

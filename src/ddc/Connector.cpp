@@ -1,5 +1,6 @@
 #include "ddc/Connector.h"
 
+#include "ddc/ReadBounds.h"
 #include "foundation/HexDump.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
@@ -19,6 +20,9 @@ constexpr size_t kFragmentHeader = 5;
 constexpr size_t kShortestFragment = 6;
 // A fragment whose payload is the reply code and the offset alone carries no data.
 constexpr uint8_t kEmptyFragmentPayload = 3;
+// A real capability string is a few hundred bytes in fragments of 32: these bounds only end a
+// scaler that repeats a short reply or a fragment that adds nothing, or never stops sending.
+constexpr SReadBounds kCapabilitiesBounds = {8, 4096, 32 * 1024};
 
 constexpr double kSaveDelayS = 0.22;
 constexpr double kResetDelayS = 0.07;
@@ -148,6 +152,7 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
     ByteVector data;
     data.reserve(kCapabilitiesReserve);
     uint16_t offset = 0;
+    CReadGuard guard(kCapabilitiesBounds);
     for (;;) {
         const ByteVector request =
             private_I ? BuildPrivateCapabilitiesRequest(offset) : BuildCapabilitiesRequest(offset);
@@ -155,7 +160,7 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
             DumpBuffer(request, "GetCapabilities request");
         }
         ByteVector reply;
-        // A short fragment is asked again with the same frame, for as long as it comes.
+        // A short fragment is asked again with the same frame, for as long as the guard allows.
         for (;;) {
             reply = SendRequest(request, kCapabilitiesDelayS, kCapabilitiesExpectedSize, retries);
             if (reply.empty() && !private_I) {
@@ -172,6 +177,9 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
                 break;
             }
             VRX_ASSERT_NOT_REACHED("break");
+            if (!guard.Continue(data.size())) {
+                return {};
+            }
         }
         if (tracing) {
             const std::string asText(reply.begin(), reply.end());
@@ -182,6 +190,14 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
             reply[4] == (offset & 0xFF)) {
             return ExtractCapabilitiesString(data);
         }
+        // A fragment for another offset (one cut short, or the one before again) is no answer:
+        // the same offset is asked again.
+        if ((reply[3] << 8 | reply[4]) != offset) {
+            if (!guard.Continue(data.size(), false)) {
+                return {};
+            }
+            continue;
+        }
         if (Checksum(reply, kReplySeed) != 0) {
             VRX_ASSERT_NOT_REACHED("CapabilitiesString read checksum mismatch");
             Trace("CapabilitiesString:Read checksum failed\n");
@@ -189,6 +205,9 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
         reply.pop_back();
         data.insert(data.end(), reply.begin() + kFragmentHeader, reply.end());
         offset = static_cast<uint16_t>(data.size() & 0xFFFF);
+        if (!guard.Continue(data.size())) {
+            return {};
+        }
     }
 }
 

@@ -4,11 +4,13 @@
 #include "discovery/ChannelGroups.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
+#include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
 #include "model/CEdidBuilder.h"
 #include "model/UiDisplayDelegate.h"
 
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
@@ -21,6 +23,22 @@ struct SRange {
 
 // The connector type that no connector has: with it nothing matches without a serial number.
 constexpr int kNoConnectorType = 5;
+
+// The wait of each channel before its serial number is asked a second time, by connector type:
+// the pause it takes before asking again elsewhere (serial, FTDI, TI, video, HID).
+constexpr uint32_t kSerialRetryWaitMs[] = {200, 1000, 50, 50, 100};
+
+// The channel's serial number; one lost reply must not lose the display, so an empty answer is
+// asked once more after the channel's own wait.
+std::string ChannelSerialNumber(Connector& connector_I) {
+    std::string serial = connector_I.SerialNumber(kNoTabletId);
+    const int type = connector_I.ConnectorType();
+    if (serial.empty() && type >= 0 && type < static_cast<int>(std::size(kSerialRetryWaitMs))) {
+        SleepMs(kSerialRetryWaitMs[type]);
+        serial = connector_I.SerialNumber(kNoTabletId);
+    }
+    return serial;
+}
 
 } // namespace
 
@@ -113,7 +131,7 @@ bool CDisplayConfigInterface::ConnectOverHid(SDisplayInfo& info_IO, bool verbose
         if (connector->ConnectorType() != eConnectorType_HID) {
             continue;
         }
-        if (connector->SerialNumber(kNoTabletId) == wanted ||
+        if (ChannelSerialNumber(*connector) == wanted ||
             (mSkipSerialMatch && IsVcpHIDTablet(info_IO.edidNumber))) {
             // A failed display counts as handled all the same: no other channel is tried.
             info_IO.display = CreateDisplay(info_IO.edidNumber, info_IO.monitorName,
@@ -168,7 +186,7 @@ void CDisplayConfigInterface::ConnectOverLegacy(SDisplayInfo& info_IO, bool verb
         Trace("CWinDisplayConfigInterface::Init: - trolling for serial numbers...\n");
     }
     for (const std::shared_ptr<Connector>& connector : mConnectorList) {
-        const std::string serial = connector->SerialNumber(kNoTabletId);
+        const std::string serial = ChannelSerialNumber(*connector);
         if (verbose_I) {
             Trace("CWinDisplayConfigInterface::Init conn->S/N %s\n",
                   serial.empty() ? "WARNING: SERIAL NUMBER NOT FOUND!" : serial.c_str());

@@ -6,6 +6,7 @@
 #include "model/CEdidBuilder.h"
 #include "model/VCPOptionCodeWithEnumerationT.h"
 
+#include <cstdio>
 #include <sstream>
 
 namespace {
@@ -32,6 +33,30 @@ std::string Trimmed(const std::string& text_I) {
         return std::string();
     }
     return text_I.substr(first, text_I.find_last_not_of(blanks) - first + 1);
+}
+
+// The option errors of an exchange in words a user can act on; any other is an answer that
+// does not fit.
+struct SFailureReason {
+    const char* error;
+    const char* why;
+};
+constexpr SFailureReason kFailureReasons[] = {
+    {"Send request failed", "the display did not answer"},
+    {"Device not open", "the display's control channel is closed"},
+    {"Send request no data", "the display answered without data"},
+    {"vcp code error", "the display refused the request"},
+    {"Table codes not supported", "the feature is a table, which this program does not exchange"},
+};
+constexpr char kUnfitAnswer[] = "the display's answer did not fit the request";
+
+std::string FailureReason(const std::string& error_I) {
+    for (const SFailureReason& reason : kFailureReasons) {
+        if (error_I == reason.error) {
+            return reason.why;
+        }
+    }
+    return kUnfitAnswer;
 }
 
 bool IsMissing(const CapabilitiesMap& map_I, const char* key_I) {
@@ -76,6 +101,8 @@ bool CDisplay::Initialize(const std::string& capabilities_I) {
                 caps = mConnector->CapabilitiesString();
             }
             if (caps.empty()) {
+                NoteFailure("reading the capabilities",
+                            "the display did not answer with a capability string");
                 return false;
             }
             mFWVersion = mConnector->FWVersion();
@@ -84,10 +111,11 @@ bool CDisplay::Initialize(const std::string& capabilities_I) {
     Trace("caps: %s\n", caps.c_str());
     mCapabilitiesString = caps;
 
-    auto fail = [tracing](const char* format_I) {
+    auto fail = [this, tracing](const char* format_I) {
         if (tracing) {
             Trace(format_I, kInitialize);
         }
+        NoteFailure("reading the capabilities", "the capability string is incomplete");
         return false;
     };
 
@@ -189,7 +217,8 @@ SVCPResult CDisplay::GetVCPValue(vcpCode vcpCode_I, bool refresh_I) {
         ReadVCPValue_(option);
     }
     if (option->HasError()) {
-        // Callers only learn that the value is not valid; the text has done its job in the trace.
+        // Callers learn that the value is not valid; the cause stays in the last failure.
+        NoteOptionFailure("reading", *option);
         option->ClearError();
         return {};
     }
@@ -219,10 +248,18 @@ bool CDisplay::SetVCPValue(vcpCode vcpCode_I, int32_t value_I) {
     VRX_ASSERT(option->GetCode() != vcpC_Undefined);
     VRX_ASSERT(!option->HasError());
 
+    const int32_t previous = option->GetValue();
     if (option->IsOriginalSet() && !option->IsCurrentValue(value_I) && option->SetValue(value_I)) {
         WriteVCPValue_(option);
         RetryFailedWrite(option);
-        if (!option->HasError()) {
+        if (option->HasError()) {
+            // The display may or may not have taken the value: the session keeps claiming the
+            // one it last knew, so that the same value asked again goes to the wire.
+            NoteOptionFailure("writing", *option);
+            const std::string error = option->GetError();
+            option->SetValue(previous);
+            option->SetError(error);
+        } else {
             // Picks up what the display made of the value; a failed read after a good write is
             // no failure.
             ReadVCPValue_(option);
@@ -275,7 +312,10 @@ bool CDisplay::RevertVCPValue(vcpCode vcpCode_I) {
     WriteVCPValue_(option);
     RetryFailedWrite(option);
     VRX_ASSERT(!option->HasError());
-    // The read clears what the write left: only its outcome counts.
+    // A write whose acknowledgement was lost still counts when the read finds the value back.
+    const bool written = !option->HasError();
+    const std::string writeError = option->GetError();
+    option->ClearError();
     ReadVCPValue_(option);
     if (option->HasError()) {
         SleepMs(IsCedarFamily() ? kCedarReadRetryPauseMs : kReadRetryPauseMs);
@@ -284,6 +324,13 @@ bool CDisplay::RevertVCPValue(vcpCode vcpCode_I) {
     }
     VRX_ASSERT(!option->HasError());
     if (option->HasError()) {
+        NoteOptionFailure("reading back", *option);
+        option->ClearError();
+        return false;
+    }
+    if (!written && option->IsModified()) {
+        option->SetError(writeError);
+        NoteOptionFailure("writing back", *option);
         option->ClearError();
         return false;
     }
@@ -298,10 +345,15 @@ bool CDisplay::SaveSettings() {
         }
     }
     // The commit in memory stands even when the scaler's own save fails.
-    return mConnector ? mConnector->SaveSettingsToScalar() : true;
+    if (mConnector && !mConnector->SaveSettingsToScalar()) {
+        NoteFailure("saving the settings", "the display did not acknowledge the save");
+        return false;
+    }
+    return true;
 }
 
-void CDisplay::RevertSettings() {
+bool CDisplay::RevertSettings() {
+    bool reverted = true;
     for (const auto& opt : mVCPOptionsMap) {
         VRX_ASSERT(opt.second);
         if (!opt.second || !opt.second->IsModified()) {
@@ -311,9 +363,15 @@ void CDisplay::RevertSettings() {
         WriteVCPValue_(opt.second);
         VRX_ASSERT(!opt.second->HasError());
         RetryFailedWrite(opt.second);
+        if (opt.second->HasError()) {
+            NoteOptionFailure("writing back", *opt.second);
+            reverted = false;
+        }
+        opt.second->ClearError();
         ReadVCPValue_(opt.second);
         opt.second->ClearError();
     }
+    return reverted;
 }
 
 void CDisplay::ResetOptions(bool includePresets_I) {
@@ -347,6 +405,17 @@ bool CDisplay::IsAnyOptionModified() const {
 
 std::string CDisplay::GetLastErrorText() const {
     return mMonitorName;
+}
+
+void CDisplay::NoteFailure(const std::string& what_I, const std::string& why_I) {
+    mLastFailure = {what_I, why_I};
+    Trace("%s failed: %s\n", what_I.c_str(), why_I.c_str());
+}
+
+void CDisplay::NoteOptionFailure(const char* action_I, const VCPOptionBase& option_I) {
+    char code[8];
+    std::snprintf(code, sizeof code, "0x%02X", static_cast<unsigned>(option_I.GetCode()));
+    NoteFailure(std::string(action_I) + " VCP code " + code, FailureReason(option_I.GetError()));
 }
 
 std::string CDisplay::DumpState() const {

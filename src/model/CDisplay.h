@@ -17,6 +17,14 @@
 #include <string>
 #include <vector>
 
+// What an operation of the session failed at and why, in words a user can act on.
+struct SDisplayFailure {
+    std::string what; // "reading VCP code 0x10"
+    std::string why;  // "the display did not answer"
+    bool Empty() const { return what.empty(); }
+    std::string Text() const { return what + ": " + why; }
+};
+
 class CDisplay {
 public:
     // The EDID number (never 0) says which model this is, and so how Gamma reads.
@@ -27,8 +35,9 @@ public:
 
     // Commits every changed value and asks the scaler to store its settings.
     virtual bool SaveSettings();
-    // Writes every changed option back to its committed value; failures are not reported.
-    virtual void RevertSettings();
+    // Writes every changed option back to its committed value; false when one of them did not
+    // go back, with its cause in GetLastFailure.
+    virtual bool RevertSettings();
     // Forgets what the display said, so that each option is read afresh at its next use; Display
     // Presets keep their state unless includePresets_I.
     virtual void ResetOptions(bool includePresets_I);
@@ -49,6 +58,10 @@ public:
     bool IsAnyOptionModified() const;
     // The display's name: what the dialogs end their communication message with.
     std::string GetLastErrorText() const;
+    // The last failure of a read, write, save, revert or Initialize, beside their bool results;
+    // an operation that succeeds leaves it as it was.
+    const SDisplayFailure& GetLastFailure() const { return mLastFailure; }
+    void ClearLastFailure() { mLastFailure = {}; }
     std::string DumpState() const;
 
     bool IsCedarGenOne() const;
@@ -94,7 +107,12 @@ protected:
     FileVersion mFWVersion;
     std::string mMonitorName;
 
+    // Keeps the cause of a failed exchange of an option, or of another operation.
+    void NoteFailure(const std::string& what_I, const std::string& why_I);
+    void NoteOptionFailure(const char* action_I, const VCPOptionBase& option_I);
+
 private:
+    SDisplayFailure mLastFailure;
     void InitializeCodeInfo();
     // The model repairs of options that some firmware announces wrongly.
     void RepairOptionsForModel();

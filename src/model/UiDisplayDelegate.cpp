@@ -28,10 +28,11 @@ bool UiDisplayDelegate::SaveSettings() {
     return CDisplay::SaveSettings();
 }
 
-void UiDisplayDelegate::RevertSettings() {
-    CDisplay::RevertSettings();
+bool UiDisplayDelegate::RevertSettings() {
+    const bool reverted = CDisplay::RevertSettings();
     GetCustomRGBColorMod(false);
     mColorSetting = mSavedColorSetting;
+    return reverted;
 }
 
 void UiDisplayDelegate::ResetOptions(bool includePresets_I) {

@@ -28,7 +28,7 @@ public:
     // The colour setting is the program's own state beside the options, so it is committed,
     // reverted and forgotten with them.
     bool SaveSettings() override;
-    void RevertSettings() override;
+    bool RevertSettings() override;
     void ResetOptions(bool includePresets_I) override;
 
     SVCPResult GetBrightness();

@@ -67,6 +67,7 @@ void CSimFaults::Clear() {
 
 std::optional<int> CSimFaults::Take(ESimFault kind_I) {
     std::lock_guard<std::mutex> lock(mLock);
+    ++mOccasions[static_cast<size_t>(kind_I)];
     std::optional<int> struck;
     for (SSimFault& fault : mFaults) {
         if (fault.kind != kind_I) {
@@ -89,4 +90,9 @@ bool CSimFaults::Armed(ESimFault kind_I) const {
     std::lock_guard<std::mutex> lock(mLock);
     return std::any_of(mFaults.begin(), mFaults.end(),
                        [&](const SSimFault& fault) { return fault.kind == kind_I; });
+}
+
+int CSimFaults::Occasions(ESimFault kind_I) const {
+    std::lock_guard<std::mutex> lock(mLock);
+    return mOccasions[static_cast<size_t>(kind_I)];
 }

@@ -4,6 +4,7 @@
 // acts on: a write transaction for eNack, a status poll or a read for eNotReady, a request for
 // all others.
 
+#include <array>
 #include <cstdint>
 #include <mutex>
 #include <optional>
@@ -44,8 +45,11 @@ public:
     // Counts an occasion of this kind; gives the fault's param when a fault strikes.
     std::optional<int> Take(ESimFault kind_I);
     bool Armed(ESimFault kind_I) const;
+    // Occasions of this kind counted so far, armed or not: what a skip counts.
+    int Occasions(ESimFault kind_I) const;
 
 private:
     mutable std::mutex mLock;
     std::vector<SSimFault> mFaults;
+    std::array<int, static_cast<size_t>(ESimFault::eUnplug) + 1> mOccasions{};
 };

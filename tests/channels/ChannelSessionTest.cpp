@@ -7,6 +7,7 @@
 #include "ddc/Frames.h"
 #include "foundation/VirtualClock.h"
 #include "model/CDisplay.h"
+#include "sim/CSimFaults.h"
 #include "sim/SimModelTable.h"
 
 #include <algorithm>
@@ -123,3 +124,34 @@ TEST(ChannelSession, InitializesAndChangesBrightnessOverEveryChannel) {
 }
 
 } // namespace
+
+// A lost HID reply once read as brightness 0: kept as the value to go back to, a revert then
+// drove the backlight dark. The scaler's own state must never see that.
+TEST(ChannelSession, LostHidRepliesNeverBecomeABrightnessOfZero) {
+    CScopedVirtualClock clock;
+    CChannelRig rig("Hazel", ESimChannel::eHid);
+    ASSERT_TRUE(rig.Opened());
+    CDisplay display(rig.GetConnector(), rig.Display().EdidNumber());
+    ASSERT_TRUE(display.Initialize(""));
+    const auto code = static_cast<vcpCode>(0x6B);
+    const std::optional<uint16_t> factory = rig.Scaler().Current(0x6B);
+    ASSERT_TRUE(factory.has_value() && *factory != 0);
+
+    rig.Display().Faults().Arm({ESimFault::eSilence, 0, 0, 1});
+    EXPECT_FALSE(display.GetVCPValue(code, false).valid);
+    EXPECT_EQ(display.GetVCPValue(code, false).value, *factory);
+    ASSERT_TRUE(display.SetVCPValue(code, 40));
+    EXPECT_EQ(rig.Scaler().Current(0x6B), 40);
+
+    // A firmware that stays busy: the request may or may not have been taken.
+    rig.HidDevice()->SetNotReadyPolls(CSimHidDevice::kForever);
+    EXPECT_FALSE(display.GetVCPValue(code, true).valid);
+    EXPECT_FALSE(display.RevertSettings());
+    EXPECT_EQ(display.GetLastFailure().Text(),
+              "writing back VCP code 0x6B: the display did not answer");
+    EXPECT_NE(rig.Scaler().Current(0x6B), std::optional<uint16_t>(0));
+
+    rig.HidDevice()->SetNotReadyPolls(0);
+    EXPECT_TRUE(display.RevertSettings());
+    EXPECT_EQ(rig.Scaler().Current(0x6B), factory);
+}

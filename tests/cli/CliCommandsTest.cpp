@@ -250,8 +250,10 @@ TEST_F(CliTest, EachFailureHasItsExitCodeAndOneLine) {
         // Only Set VCP Feature is long enough to reach byte 7, so every read still works.
         {{"--simulate", "ElmLarge@video:fault=nack7*forever", "set", "brightness", "40"},
          3,
-         "setting brightness failed"},
-        {{"--simulate", "ElmLarge@video:fault=nack7*forever", "setvcp", "10", "40"}, 3, ""},
+         "setting brightness failed: the display did not answer"},
+        {{"--simulate", "ElmLarge@video:fault=nack7*forever", "setvcp", "10", "40"},
+         3,
+         "writing 0x10 failed: the display did not answer"},
     };
     for (const SRow& row : rows) {
         const SCliRun run = Run(row.args);

@@ -150,9 +150,42 @@ TEST_F(CliTest, EdidWithoutDescriptorsOrFromAnotherMakerIsReadAsFarAsItGoes) {
     EXPECT_EQ(edid["shortName"].text, "ACR1049");
     EXPECT_FALSE(edid["supported"].boolean);
     EXPECT_EQ(edid["tabletId"].type, SJson::eNull);
+}
 
-    EXPECT_EQ(Run({"edid", WriteFile("short.edid", {0x00, 0xFF})}).exit, 1);
-    const SCliRun missing = Run({"edid", ::testing::TempDir() + "no-such.edid"});
-    EXPECT_EQ(missing.exit, 1);
-    EXPECT_TRUE(IsOneErrorLine(missing.err));
+TEST_F(CliTest, EdidRefusesWhatIsNoEdidFileInOneLine) {
+    const std::string paths[] = {
+        WriteFile("short.edid", {0x00, 0xFF}),
+        ::testing::TempDir() + "no-such.edid",
+        ::testing::TempDir(),
+        "/dev/zero",
+        WriteFile("large.edid", std::vector<uint8_t>(64 * 1024 + 1, 0x00)),
+    };
+    for (const std::string& path : paths) {
+        const SCliRun run = Run({"edid", path});
+        EXPECT_EQ(run.exit, 1) << path;
+        EXPECT_TRUE(IsOneErrorLine(run.err)) << run.err;
+    }
+    EXPECT_EQ(Run({"edid",
+                   WriteFile("largest.edid", BuildSimEdid(*FindSimModel("Birch"), 0x1049, "SN1"))})
+                  .exit,
+              0);
+}
+
+TEST_F(CliTest, JsonStaysValidUtf8WhateverBytesComeIn) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"\xC3\xA9", "\xC3\xA9"},
+        {"\xF0\x9F\x98\x80", "\xF0\x9F\x98\x80"},
+        {"\xFF", "\\ufffd"},
+        {"\xC3", "\\ufffd"},
+        {"\xC3"
+         "A",
+         "\\ufffdA"},
+        {"\xED\xA0\x80", "\\ufffd\\ufffd\\ufffd"},
+        {"\xE0\x80\x80", "\\ufffd\\ufffd\\ufffd"},
+        {"\xF4\x90\x80\x80", "\\ufffd\\ufffd\\ufffd\\ufffd"},
+    };
+    for (const auto& [bytes, written] : cases) {
+        const SCliRun run = Run({"parse-caps", "--json", "(model(" + bytes + "))"});
+        EXPECT_NE(run.out.find("\"model\":\"" + written + "\""), std::string::npos) << run.out;
+    }
 }

@@ -30,6 +30,7 @@ struct SLoopCase {
     std::vector<ByteVector> replies;
     std::string expected;
     std::vector<uint16_t> offsetsAsked;
+    bool forever = false; // the last reply comes again for ever
 };
 
 } // namespace
@@ -87,10 +88,31 @@ TEST(CapabilitiesLoop, FragmentsNullMessagesShortAndLostReplies) {
          {Fragment(0, "((a)"), Fragment(4, "")},
          "((a)",
          {0, 4}},
+        {"short reply for ever ends the read",
+         ELoop::Private,
+         {{0x6E, 0x84, 0xE3, 0x00, 0x00}},
+         "",
+         std::vector<uint16_t>(8, 0),
+         true},
+        {"fragment that repeats its offset ends the read",
+         ELoop::Standard,
+         {Fragment(0, "(a"), Fragment(2, "b")},
+         "",
+         {0, 2, 3, 3, 3, 3, 3, 3, 3, 3},
+         true},
+        {"fragment that adds nothing ends the read",
+         ELoop::Standard,
+         {Fragment(0, "(a"), Fragment(7, "")},
+         "",
+         {0, 2, 2, 2, 2, 2, 2, 2, 2},
+         true},
     };
     for (const auto& c : cases) {
         CFakeConnector connector;
         connector.QueueReplies(c.replies);
+        if (c.forever) {
+            connector.RepeatLastReply();
+        }
         const int retries = c.loop == ELoop::Private ? 1 : 0;
         const std::string text = c.loop == ELoop::Private
                                      ? connector.ReadCapabilitiesPrivate(retries)

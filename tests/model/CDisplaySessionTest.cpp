@@ -93,8 +93,9 @@ TEST(CDisplaySession, RevertVCPValueRetriesTheReadLongerOnCedar) {
         {kBirch, {null, {}, good}, true, {50, 60}},
         {kCedarSmall, {null, {}, good}, true, {50, 1000}},
         {kCedarSmall, {null, {}, {}}, false, {50, 1000}},
-        // The write's failure is forgotten: only the read counts.
+        // A lost write counts only when the read finds the value back.
         {kBirch, {{}, {}, good}, true, {50, 60, 50}},
+        {kBirch, {{}, {}, FeatureReply(0x10, 0, 100, 30)}, false, {50, 60, 50}},
     };
     for (const SCase& c : cases) {
         SCOPED_TRACE(&c - cases);

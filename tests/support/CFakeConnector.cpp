@@ -45,9 +45,12 @@ ByteVector CFakeConnector::SendRequest(const ByteVector& toSend_I, double delay,
         return {};
     }
     if (!mScript.empty()) {
-        ByteVector reply = std::move(mScript.front());
+        mLastScripted = std::move(mScript.front());
         mScript.pop_front();
-        return reply;
+        return *mLastScripted;
+    }
+    if (mRepeatLast && mLastScripted) {
+        return *mLastScripted;
     }
     return AnswerFromTable(toSend_I);
 }

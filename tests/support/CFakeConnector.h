@@ -30,6 +30,9 @@ public:
     void QueueReply(ByteVector reply_I);
     void QueueReplies(const std::vector<ByteVector>& replies_I);
     size_t PendingReplies() const { return mScript.size(); }
+    // Once the script has run out, its last reply comes again for every request: a scaler stuck
+    // on one answer.
+    void RepeatLastReply() { mRepeatLast = true; }
 
     // A feature of the table: Get VCP Feature reads it, Set VCP Feature changes its value.
     // Codes outside the table are refused with result code 1.
@@ -72,6 +75,8 @@ private:
     ByteVector AnswerFromTable(const ByteVector& request_I);
 
     std::deque<ByteVector> mScript;
+    std::optional<ByteVector> mLastScripted;
+    bool mRepeatLast = false;
     std::map<uint8_t, SFakeVcpEntry> mVcp;
     std::vector<SSentRequest> mSent;
     ByteVector mEdidSource;
