@@ -3,6 +3,8 @@
 #include "app/CInfoWindows.h"
 #include "app/CSecondaryDialogs.h"
 #include "app/DisplayHelp.h"
+#include "app/RuntimeFolder.h"
+#include "app/WindowPlacement.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
@@ -62,6 +64,8 @@ const char* const kSettingsOrganisation = "Vorex";
 const char* const kSettingsApplication = "OSD";
 const char* const kLocationGroup = "Location";
 const char* const kRaiseRequest = "raise\n";
+// The socket lives in the user's runtime folder, which makes it the user's own.
+const char* const kDefaultInstanceName = "paneltune.instance";
 
 // The smallest slider that still reads well; the edit holds three digits.
 constexpr int kSliderMinimumWidth = 220;
@@ -81,7 +85,7 @@ CMainDialog::CMainDialog(const SDisplayConfigOptions& options_I,
     }
     mInstanceName = mEnvironment.instanceName;
     if (mInstanceName.isEmpty()) {
-        mInstanceName = Text(kTitleId) + QLatin1Char('-') + qEnvironmentVariable("USER");
+        mInstanceName = QString::fromLatin1(kDefaultInstanceName);
     }
     mTaskTick.setInterval(kTaskTickMs);
     BuildControls();
@@ -212,6 +216,8 @@ void CMainDialog::BuildControls() {
                           2 * (helpButton->style()->pixelMetric(QStyle::PM_ButtonMargin) +
                                helpButton->style()->pixelMetric(QStyle::PM_DefaultFrameWidth));
     helpButton->setFixedWidth(std::max(textWidth, helpButton->sizeHint().height()));
+    // As high as its neighbours, whose texts may need a taller font.
+    helpButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     buttons->addWidget(helpButton);
     buttons->addStretch(1);
     buttons->addWidget(mRevertButton);
@@ -228,8 +234,7 @@ void CMainDialog::BuildControls() {
     connect(mSaveButton, &QPushButton::clicked, this, [this] { OnSave(); });
     connect(mRevertButton, &QPushButton::clicked, this, [this] { OnRevert(); });
     connect(mAdvancedButton, &QPushButton::clicked, this, [this] { OnAdvanced(); });
-    connect(helpButton, &QPushButton::clicked, this,
-            [this] { OpenDisplayHelp(mOptions, Display().get()); });
+    connect(helpButton, &QPushButton::clicked, this, [this] { OnHelp(); });
     for (ESlider kind : {eBrightnessSlider, eContrastSlider}) {
         SSliderPair& pair = kind == eBrightnessSlider ? mBrightnessPair : mContrastPair;
         connect(pair.slider, &QSlider::actionTriggered, this,
@@ -296,13 +301,14 @@ void CMainDialog::EndDialog(int result_I) {
 
 bool CMainDialog::OnInitDialog() {
     CScopeTimer timer("CMainDialog::OnInitDialog");
-    mConfigThread.Create(&CMainDialog::DisplayConfigThread,
-                         "(LPTHREAD_START_ROUTINE)CMainDialog::DisplayConfigThread", this);
-    ReadStoredPosition();
+    // A second start only wakes the first one: it must not talk to the displays at all.
     if (RaiseRunningInstance()) {
         EndDialog(0);
         return false;
     }
+    mConfigThread.Create(&CMainDialog::DisplayConfigThread,
+                         "(LPTHREAD_START_ROUTINE)CMainDialog::DisplayConfigThread", this);
+    ReadStoredPosition();
     ListenForSecondStarts();
     setWindowTitle(Text(kTitleId));
     SetStaticTexts();
@@ -360,6 +366,7 @@ void CMainDialog::PrepareCurrentDisplay(bool refresh_I) {
         display->GetCustomRGBColorMod(refresh_I);
     }
     UpdateControls();
+    PlaceSecondaryDialogs();
 }
 
 void CMainDialog::ClearColorCombos() {
@@ -395,7 +402,7 @@ void CMainDialog::ReadStoredPosition() {
 
 bool CMainDialog::RaiseRunningInstance() {
     QLocalSocket socket;
-    socket.connectToServer(mInstanceName);
+    socket.connectToServer(InstanceSocketPath(mInstanceName));
     if (!socket.waitForConnected(0) && socket.state() != QLocalSocket::ConnectedState) {
         return false;
     }
@@ -407,8 +414,10 @@ bool CMainDialog::RaiseRunningInstance() {
 
 void CMainDialog::ListenForSecondStarts() {
     mInstanceServer = new QLocalServer(this);
-    QLocalServer::removeServer(mInstanceName);
-    if (!mInstanceServer->listen(mInstanceName)) {
+    const QString path = InstanceSocketPath(mInstanceName);
+    QLocalServer::removeServer(path);
+    mInstanceServer->setSocketOptions(QLocalServer::UserAccessOption);
+    if (!mInstanceServer->listen(path)) {
         Trace("CMainDialog - no single-instance channel: %s\n",
               mInstanceServer->errorString().toStdString().c_str());
         return;
@@ -417,6 +426,8 @@ void CMainDialog::ListenForSecondStarts() {
         while (QLocalSocket* caller = mInstanceServer->nextPendingConnection()) {
             connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
             if (!mEnded && isVisible()) {
+                setWindowState(windowState() & ~Qt::WindowMinimized);
+                show();
                 raise();
                 activateWindow();
             }
@@ -443,6 +454,29 @@ static QScreen* ScreenOfDisplay(const SDisplayInfo& info_I) {
     return nullptr;
 }
 
+// Before the window manager has framed the window its frame is a guess: a title bar as the
+// style draws one.
+QMargins CMainDialog::FrameMargins() const {
+    const QMargins known(geometry().left() - frameGeometry().left(),
+                         geometry().top() - frameGeometry().top(),
+                         frameGeometry().right() - geometry().right(),
+                         frameGeometry().bottom() - geometry().bottom());
+    if (!known.isNull()) {
+        return known;
+    }
+    const int border = style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    return QMargins(border, style()->pixelMetric(QStyle::PM_TitleBarHeight) + border, border,
+                    border);
+}
+
+void CMainDialog::RememberPosition() {
+    if (isVisible()) {
+        mLastX = geometry().x();
+        mLastY = geometry().y();
+        mUseDefaultPosition = false;
+    }
+}
+
 void CMainDialog::PlaceWindow() {
     QScreen* screen = nullptr;
     if (!mUseDefaultPosition && !mDisplayConfigIF->CurrentMonitor().empty()) {
@@ -452,27 +486,29 @@ void CMainDialog::PlaceWindow() {
         screen = QGuiApplication::primaryScreen();
     }
     adjustSize();
-    const QRect work = screen != nullptr ? screen->availableGeometry() : QRect();
-    const QRect frame = frameGeometry();
-    const int width = frame.width();
-    const int height = frame.height();
-    QRect placed(work.left() + 10, work.bottom() + 1 - height, width, height);
-
-    QPoint position(0, 0);
-    if (!mUseDefaultPosition && screen != nullptr) {
-        const QRect virtualScreen = screen->virtualGeometry();
-        const int64_t left = virtualScreen.left();
-        const int64_t top = virtualScreen.top();
-        const int64_t right = left + virtualScreen.width();
-        const int64_t bottom = top + virtualScreen.height();
-        if (mLastX + width > left && mLastX < right && mLastY + height > top && mLastY < bottom) {
-            position = QPoint(static_cast<int>(mLastX), static_cast<int>(mLastY));
-        }
+    std::vector<QRect> workAreas;
+    for (QScreen* each : QGuiApplication::screens()) {
+        workAreas.push_back(each->availableGeometry());
     }
-    move(position);
+    const QMargins frame = FrameMargins();
+    QPoint position =
+        DefaultPosition(screen != nullptr ? screen->availableGeometry() : QRect(0, 0, 0, 0), frame);
+    if (!mUseDefaultPosition) {
+        position = QPoint(static_cast<int>(mLastX), static_cast<int>(mLastY));
+    }
+    position = KeptOnScreen(QRect(position, size()), frame, workAreas);
+    // The client area's point, so that the window manager does not add its frame on top.
+    setGeometry(QRect(position, size()));
     show();
-    placed.moveTopLeft(position);
-    mSecondary->Place(placed);
+}
+
+// The two other dialogs line up with the dialog as its rows leave it.
+void CMainDialog::PlaceSecondaryDialogs() {
+    layout()->activate();
+    adjustSize();
+    if (mSecondary) {
+        mSecondary->Place(geometry());
+    }
 }
 
 void CMainDialog::reject() {
@@ -491,7 +527,7 @@ void CMainDialog::closeEvent(QCloseEvent* event_I) {
 }
 
 void CMainDialog::CloseSequence() {
-    const QPoint topLeft = frameGeometry().topLeft();
+    const QPoint topLeft = geometry().topLeft();
     {
         QSettings settings(QString::fromLatin1(kSettingsOrganisation),
                            QString::fromLatin1(kSettingsApplication));
@@ -517,6 +553,7 @@ void CMainDialog::SelectDisplay() {
     if (advancedVisible) {
         mSecondary->HideAdvanced();
     }
+    RememberPosition();
     hide();
     if (std::shared_ptr<UiDisplayDelegate> old = Display()) {
         old->RevertSettings();
@@ -534,7 +571,7 @@ void CMainDialog::SelectDisplay() {
     }
     show();
     if (advancedVisible) {
-        mSecondary->ShowAdvanced(false);
+        mSecondary->ShowAdvanced();
     }
 }
 
@@ -561,6 +598,18 @@ void CMainDialog::ShowCommunicationError(bool exit_I) {
     QMessageBox box(QMessageBox::Critical, Text(kTitleId), text, QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("communicationError"));
     ExecModal(box, EModal::eCommunicationError);
+}
+
+void CMainDialog::OnHelp() {
+    if (OpenDisplayHelp(mOptions, Display().get())) {
+        return;
+    }
+    QMessageBox box(QMessageBox::Information, Text(kTitleId),
+                    tr("No help can be reached: the help server does not answer and no help is "
+                       "installed on this computer."),
+                    QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("helpUnavailable"));
+    ExecModal(box, EModal::eHelpUnavailable);
 }
 
 int CMainDialog::ExecModal(QDialog& window_I, EModal) {

@@ -53,7 +53,8 @@ public:
         eFactoryResetQuestion,
         eCommunicationError,
         eErrorWindow,
-        eNotSupportedWindow
+        eNotSupportedWindow,
+        eHelpUnavailable
     };
     enum ESlider { eBrightnessSlider, eContrastSlider };
     static constexpr int kDarkQuestionTimeoutMs = 5000;
@@ -118,6 +119,10 @@ private:
 
     // Placement and the close sequence.
     void PlaceWindow();
+    QMargins FrameMargins() const;
+    // Keeps where the user moved the window for the next placement.
+    void RememberPosition();
+    void PlaceSecondaryDialogs();
     void CloseSequence();
     void SelectDisplay();
 
@@ -141,6 +146,8 @@ private:
     void OnSave();
     void OnRevert();
     void OnAdvanced();
+    // Opens the display's help, or says that none can be reached.
+    void OnHelp();
 
     // Background tasks.
     static uint32_t DisplayConfigThread(void* context_I);

@@ -160,6 +160,7 @@ void CMainDialog::DoFactoryReset(bool skipConfirmation_I) {
     if (advancedVisible) {
         mSecondary->HideAdvanced();
     }
+    RememberPosition();
     hide();
     mTaskTick.start();
     {
@@ -186,7 +187,7 @@ void CMainDialog::DoFactoryReset(bool skipConfirmation_I) {
     }
     show();
     if (advancedVisible) {
-        mSecondary->ShowAdvanced(true);
+        mSecondary->ShowAdvanced();
     }
     mDisplayCombo.Combo()->setFocus();
 }

@@ -4,6 +4,8 @@
 #include "app/CMainDialog.h"
 #include "app/CommandLine.h"
 #include "app/PlatformChoice.h"
+#include "app/QtTranslations.h"
+#include "app/QtUHMappingUtils.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -17,6 +19,7 @@ int main(int argc, char** argv) {
         arguments.push_back(argument.toStdString());
     }
     const SCommandLine commandLine = ParseCommandLine(JoinArguments(arguments));
+    InstallQtTranslations(commandLine.options.language.mLanguage.name);
     if (commandLine.help) {
         QMessageBox box(QMessageBox::Information, QString::fromWCharArray(kHelpTitle),
                         QString::fromStdWString(HelpText()), QMessageBox::Ok);
@@ -31,5 +34,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     CMainDialog dialog(commandLine.options, {platform, {}, {}});
-    return dialog.Run();
+    const int result = dialog.Run();
+    RemoveRedirectPages();
+    return result;
 }

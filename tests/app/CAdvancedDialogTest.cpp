@@ -313,13 +313,13 @@ TEST_F(CAdvancedDialogTest, PlacedBesideTheMainDialogOrFlippedAtTheEdge) {
     Open("Birch@ftdi");
     EXPECT_TRUE(trace.Contains("OnShowWindow - timer started...\n"));
     const QRect main = mOwner.mainRect;
-    EXPECT_EQ(mDialog->x(), main.x() + main.width() + 20);
-    EXPECT_EQ(mDialog->y() + mDialog->height(), main.y() + main.height());
+    EXPECT_EQ(mDialog->geometry().x(), main.x() + main.width() + 20);
+    EXPECT_EQ(mDialog->geometry().y() + mDialog->height(), main.y() + main.height());
 
     mOwner.mainRect.moveLeft(1920 - main.width());
     mDialog->Refresh(false);
-    EXPECT_EQ(mDialog->x(), mOwner.mainRect.x() - 20 - mDialog->width());
-    EXPECT_EQ(mDialog->y() + mDialog->height(), main.y() + main.height());
+    EXPECT_EQ(mDialog->geometry().x(), mOwner.mainRect.x() - 20 - mDialog->width());
+    EXPECT_EQ(mDialog->geometry().y() + mDialog->height(), main.y() + main.height());
     mDialog->ShowAdvanced(false);
     EXPECT_TRUE(trace.Contains("OnShowWindow - timer stopped\n"));
 }

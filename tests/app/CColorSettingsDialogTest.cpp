@@ -326,8 +326,8 @@ TEST_F(CColorSettingsDialogTest, ShorterWithoutCmykAndKeptInTheWorkArea) {
     Open("Birch@ftdi");
     const int fullHeight = mDialog->height();
     const QRect main = mOwner.mainRect;
-    EXPECT_EQ(mDialog->x(), main.x() + main.width() + 20);
-    EXPECT_EQ(mDialog->y() + mDialog->height(), main.y() + main.height());
+    EXPECT_EQ(mDialog->geometry().x(), main.x() + main.width() + 20);
+    EXPECT_EQ(mDialog->geometry().y() + mDialog->height(), main.y() + main.height());
     mDialog->CloseColorDialog(true);
 
     mOwner.mainRect.moveTop(900);
@@ -336,12 +336,12 @@ TEST_F(CColorSettingsDialogTest, ShorterWithoutCmykAndKeptInTheWorkArea) {
     EXPECT_LT(mDialog->height(), fullHeight);
     QLineEdit* hex = Find<QLineEdit>("hexEdit");
     EXPECT_EQ(Find<QPushButton>("ok")->y(), hex->geometry().bottom() + 1 + 20);
-    EXPECT_EQ(mDialog->y() + mDialog->height(), 1040);
+    EXPECT_EQ(mDialog->geometry().y() + mDialog->height(), 1040);
     mDialog->CloseColorDialog(false);
 
     mOwner.mainRect.moveTop(-500);
     Open("Aspen@serial");
-    EXPECT_EQ(mDialog->y(), 0);
+    EXPECT_EQ(mDialog->geometry().y(), 0);
 }
 
 } // namespace

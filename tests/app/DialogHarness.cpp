@@ -72,6 +72,8 @@ void DialogTest::SetUp() {
     ASSERT_TRUE(mSettingsFolder->isValid());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mSettingsFolder->path());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, mSettingsFolder->path());
+    // The single-instance socket and help pages go to the user's runtime folder.
+    qputenv("XDG_RUNTIME_DIR", mSettingsFolder->path().toLocal8Bit());
 }
 
 void DialogTest::TearDown() {
