@@ -128,6 +128,10 @@ void DialogTest::Enter(const char* edit_I, const QString& text_I) {
     QTest::keyClick(edit, Qt::Key_Return);
 }
 
+void DialogTest::Settle() {
+    QCoreApplication::processEvents();
+}
+
 QStringList DialogTest::Rows(const char* combo_I) {
     QComboBox* combo = Find<QComboBox>(combo_I);
     QStringList rows;

@@ -81,6 +81,8 @@ protected:
     // Values of the rows of a combo, as text.
     QStringList Rows(const char* combo_I);
     bool Shown(const char* name_I);
+    // Lets the dialog finish what the last action started.
+    void Settle();
 
     CScopedVirtualClock mClock;
     std::unique_ptr<QTemporaryDir> mSettingsFolder;
