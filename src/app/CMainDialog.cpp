@@ -87,16 +87,12 @@ CMainDialog::CMainDialog(const SDisplayConfigOptions& options_I,
     if (mInstanceName.isEmpty()) {
         mInstanceName = QString::fromLatin1(kDefaultInstanceName);
     }
-    mTaskTick.setInterval(kTaskTickMs);
+    mWorker = std::make_unique<CDisplayWorker>();
     BuildControls();
 }
 
 CMainDialog::~CMainDialog() {
-    // A second start ends without waiting for its discovery; the task must not outlive the
-    // object it writes into.
-    if (mConfigThread.Handle()) {
-        mConfigThread.WaitFor(std::numeric_limits<double>::infinity());
-    }
+    mWorker.reset();
     mSecondary.reset();
 }
 
@@ -306,21 +302,12 @@ bool CMainDialog::OnInitDialog() {
         EndDialog(0);
         return false;
     }
-    mConfigThread.Create(&CMainDialog::DisplayConfigThread,
-                         "(LPTHREAD_START_ROUTINE)CMainDialog::DisplayConfigThread", this);
+    mWorker->Post([this] { RunDisplayConfig(); });
     ReadStoredPosition();
     ListenForSecondStarts();
     setWindowTitle(Text(kTitleId));
     SetStaticTexts();
-    mTaskTick.start();
-    std::unique_ptr<QDialog> waitWindow = ShowWaitWindow();
-    if (waitWindow) {
-        PumpUntilEnded(mConfigThread);
-        waitWindow->showMinimized();
-        waitWindow.reset();
-    }
-    mTaskTick.stop();
-    mConfigThread.Close();
+    WaitBehindWaitWindow();
 
     if (!mDisplayConfigIF && mConfigError.empty()) {
         ShowErrorWindow(QStringLiteral("Could not configure display."));
@@ -527,6 +514,7 @@ void CMainDialog::closeEvent(QCloseEvent* event_I) {
 }
 
 void CMainDialog::CloseSequence() {
+    SettleDisplay();
     const QPoint topLeft = geometry().topLeft();
     {
         QSettings settings(QString::fromLatin1(kSettingsOrganisation),
@@ -545,6 +533,7 @@ void CMainDialog::CloseSequence() {
 }
 
 void CMainDialog::SelectDisplay() {
+    SettleDisplay();
     const int index = mDisplayCombo.Selected();
     if (mDisplayConfigIF->IsCurrentDisplay(index)) {
         return;
@@ -584,6 +573,7 @@ void CMainDialog::CloseAllDialogs() {
 }
 
 void CMainDialog::ShowCommunicationError(bool exit_I) {
+    SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
     const std::string lastError = display ? display->GetLastErrorText() : std::string();
     QString text;

@@ -129,7 +129,7 @@ void DialogTest::Enter(const char* edit_I, const QString& text_I) {
 }
 
 void DialogTest::Settle() {
-    QCoreApplication::processEvents();
+    mDialog->Worker().WaitIdle();
 }
 
 QStringList DialogTest::Rows(const char* combo_I) {

@@ -23,6 +23,7 @@ protected:
         for (int position : positions_I) {
             slider_I->setSliderPosition(position);
         }
+        Settle();
         if (release_I) {
             slider_I->setSliderDown(false);
         }
