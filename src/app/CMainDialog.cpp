@@ -3,6 +3,8 @@
 #include "app/CInfoWindows.h"
 #include "app/CSecondaryDialogs.h"
 #include "app/DisplayHelp.h"
+#include "app/DisplayListNames.h"
+#include "app/Mnemonics.h"
 #include "app/RuntimeFolder.h"
 #include "app/WindowPlacement.h"
 #include "foundation/ScopeTimer.h"
@@ -145,10 +147,12 @@ void CMainDialog::BuildControls() {
         pair.edit->setAlignment(Qt::AlignRight);
         pair.edit->installEventFilter(this);
         pair.stored = stored;
+        pair.label->setBuddy(pair.slider);
     };
 
     mDisplayLabel = makeLabel("displayLabel");
     QComboBox* displayCombo = makeCombo("displayCombo");
+    mDisplayLabel->setBuddy(displayCombo);
     mDisplayCombo.Bind(displayCombo);
     makePair(mBrightnessPair, "brightnessLabel", "brightnessSlider", "brightnessEdit",
              &mBrightness);
@@ -169,6 +173,10 @@ void CMainDialog::BuildControls() {
     mGammaLabel = makeLabel("gammaLabel");
     QComboBox* gammaCombo = makeCombo("gammaCombo");
     mColorSettingCombo.Bind(colorSettingCombo);
+    mColorSettingLabel->setBuddy(colorSettingCombo);
+    mTemperatureLabel->setBuddy(temperatureCombo);
+    mSpaceLabel->setBuddy(spaceCombo);
+    mGammaLabel->setBuddy(gammaCombo);
     mTemperatureCombo.Bind(temperatureCombo);
     mSpaceCombo.Bind(spaceCombo);
     mGammaCombo.Bind(gammaCombo);
@@ -256,11 +264,19 @@ void CMainDialog::SetStaticTexts() {
         {mRevertButton, kRevertButtonId},
         {mSaveButton, kSaveButtonId},
     };
-    for (const auto& [widget, id] : texts) {
+    QStringList strings;
+    for (const auto& entry : texts) {
+        // The RGB label names no control and takes no mnemonic.
+        strings << (entry.first == mRgbLabel ? QString() : Text(entry.second));
+    }
+    strings = WithMnemonics(strings);
+    for (size_t i = 0; i < std::size(texts); ++i) {
+        QWidget* widget = texts[i].first;
+        const QString text = widget == mRgbLabel ? Text(texts[i].second) : strings[i];
         if (auto* label = qobject_cast<QLabel*>(widget)) {
-            label->setText(Text(id));
+            label->setText(text);
         } else if (auto* button = qobject_cast<QPushButton*>(widget)) {
-            button->setText(Text(id));
+            button->setText(text);
         }
     }
     // The labels inside the colour box line up with those outside it.
@@ -337,9 +353,9 @@ bool CMainDialog::OnInitDialog() {
 
 void CMainDialog::FillDisplayCombo() {
     mDisplayCombo.Clear();
-    const std::vector<std::wstring> names = mDisplayConfigIF->DisplayNames();
-    for (size_t i = 0; i < names.size(); ++i) {
-        mDisplayCombo.Add(static_cast<int>(i), QString::fromStdWString(names[i]));
+    const QStringList names = DisplayListNames(mDisplayConfigIF->DisplayInfos());
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        mDisplayCombo.Add(static_cast<int>(i), names[i]);
     }
     mDisplayCombo.Select(0);
     mDisplayConfigIF->SetCurrentDisplay(0);

@@ -8,12 +8,16 @@
 #include "app/QtUHMappingUtils.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 
 #include <cstdio>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // The installed theme's icon, else the one built in.
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("paneltune"),
+                                                 QIcon(QStringLiteral(":/icons/paneltune.svg"))));
     std::vector<std::string> arguments;
     for (const QString& argument : application.arguments().mid(1)) {
         arguments.push_back(argument.toStdString());

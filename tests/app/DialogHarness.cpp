@@ -15,8 +15,13 @@ QApplication& TestApplication() {
     return *qobject_cast<QApplication*>(QCoreApplication::instance());
 }
 
+QString ScreenshotFolder() {
+    const QString chosen = qEnvironmentVariable("PANELTUNE_SCREENSHOT_DIR");
+    return chosen.isEmpty() ? QStringLiteral(PANELTUNE_SCREENSHOT_DIR) : chosen;
+}
+
 void SaveScreenshot(QWidget& widget_I, const std::string& name_I) {
-    const QString folder = QStringLiteral(PANELTUNE_SCREENSHOT_DIR);
+    const QString folder = ScreenshotFolder();
     QDir().mkpath(folder);
     QCoreApplication::sendPostedEvents();
     if (widget_I.layout() != nullptr) {
