@@ -15,7 +15,7 @@ namespace {
 
 struct SAction {
     const char* name;
-    std::function<void(DialogTest&)> run;
+    std::function<void()> run;
 };
 
 QString Hex(const std::vector<uint8_t>& frame_I) {
@@ -42,57 +42,33 @@ std::map<QString, QString> ReadRecord(const QString& path_I) {
     return record;
 }
 
-class ActionTrafficTest : public DialogTest {
-public:
-    using DialogTest::Choose;
-    using DialogTest::Enter;
-    using DialogTest::Find;
-    using DialogTest::Settle;
-    CTestMainDialog& Main() { return Dialog(); }
-};
-
-void Press(DialogTest& test_I, const char* button_I) {
-    static_cast<ActionTrafficTest&>(test_I).Find<QPushButton>(button_I)->click();
-}
-
-TEST_F(ActionTrafficTest, EveryActionSendsTheRecordedFrames) {
+TEST_F(DialogTest, EveryActionSendsTheRecordedFrames) {
+    const auto press = [this](const char* button) { Find<QPushButton>(button)->click(); };
+    QSlider* brightness = nullptr;
     const SAction actions[] = {
         {"brightness key step",
-         [](DialogTest& t) {
-             static_cast<ActionTrafficTest&>(t)
-                 .Find<QSlider>("brightnessSlider")
-                 ->triggerAction(QAbstractSlider::SliderSingleStepAdd);
-         }},
+         [&] { brightness->triggerAction(QAbstractSlider::SliderSingleStepAdd); }},
         {"brightness drag",
-         [](DialogTest& t) {
-             QSlider* slider = static_cast<ActionTrafficTest&>(t).Find<QSlider>("brightnessSlider");
-             slider->setSliderDown(true);
-             slider->setSliderPosition(60);
-             static_cast<ActionTrafficTest&>(t).Settle();
-             slider->setSliderDown(false);
+         [&] {
+             brightness->setSliderDown(true);
+             brightness->setSliderPosition(60);
+             Settle();
+             brightness->setSliderDown(false);
          }},
-        {"contrast edit",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Enter("contrastEdit", "44"); }},
-        {"temperature",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Choose("temperatureCombo", 0); }},
-        {"colour setting",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Choose("colorSettingCombo", 1); }},
-        {"colour space",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Choose("spaceCombo", 1); }},
-        {"gamma",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Choose("gammaCombo", 0); }},
-        {"save", [](DialogTest& t) { Press(t, "saveButton"); }},
-        {"contrast edit again",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Enter("contrastEdit", "47"); }},
-        {"revert", [](DialogTest& t) { Press(t, "revertButton"); }},
-        {"colour reset",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Main().DoResetColor(); }},
-        {"display switch",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Choose("displayCombo", 1); }},
-        {"factory reset",
-         [](DialogTest& t) { static_cast<ActionTrafficTest&>(t).Main().DoFactoryReset(true); }},
+        {"contrast edit", [&] { Enter("contrastEdit", "44"); }},
+        {"temperature", [&] { Choose("temperatureCombo", 0); }},
+        {"colour setting", [&] { Choose("colorSettingCombo", 1); }},
+        {"colour space", [&] { Choose("spaceCombo", 1); }},
+        {"gamma", [&] { Choose("gammaCombo", 0); }},
+        {"save", [&] { press("saveButton"); }},
+        {"contrast edit again", [&] { Enter("contrastEdit", "47"); }},
+        {"revert", [&] { press("revertButton"); }},
+        {"colour reset", [&] { Dialog().DoResetColor(); }},
+        {"display switch", [&] { Choose("displayCombo", 1); }},
+        {"factory reset", [&] { Dialog().DoFactoryReset(true); }},
     };
     ASSERT_TRUE(Start("Birch@ftdi,ElmLarge@video"));
+    brightness = Find<QSlider>("brightnessSlider");
     const QString recordPath = qEnvironmentVariable("PANELTUNE_RECORD_TRAFFIC");
     const std::map<QString, QString> expected =
         ReadRecord(QStringLiteral(PANELTUNE_TEST_DATA_DIR "/ActionTraffic.txt"));
@@ -101,7 +77,7 @@ TEST_F(ActionTrafficTest, EveryActionSendsTheRecordedFrames) {
         Platform().Display(display).Scaler().RecordRequests(true);
     }
     for (const SAction& action : actions) {
-        action.run(*this);
+        action.run();
         Settle();
         QString frames;
         for (size_t display = 0; display < 2; ++display) {

@@ -172,31 +172,6 @@ TEST_F(CAdvancedDialogTest, SharpnessGoesOutOnlyOnTheTick) {
     EXPECT_TRUE(mOwner.communicationErrors.empty());
 }
 
-TEST_F(CAdvancedDialogTest, HomeAndEndJumpAndClamp) {
-    Open("ElmLarge@video");
-    QSlider* slider = Find<QSlider>("sharpness");
-    ASSERT_EQ(slider->minimum(), 0);
-    ASSERT_EQ(slider->maximum(), 4);
-    mDialog->OnSharpnessKey(eSharpnessKey_End);
-    EXPECT_EQ(slider->value(), 4);
-    mDialog->OnSharpnessKey(eSharpnessKey_PageUp);
-    EXPECT_EQ(slider->value(), 4);
-    mDialog->OnSharpnessKey(eSharpnessKey_Down);
-    EXPECT_EQ(slider->value(), 3);
-    mDialog->OnSharpnessKey(eSharpnessKey_Home);
-    EXPECT_EQ(slider->value(), 0);
-    mTimer->Fire();
-    EXPECT_EQ(mRig->Current(kSharpnessCode), 0);
-    // The keys stay with the dialog while it is hidden, and leave with the window.
-    mDialog->ShowAdvanced(false);
-    mDialog->OnSharpnessKey(eSharpnessKey_Up);
-    EXPECT_EQ(slider->value(), 1);
-    mDialog->ShowAdvanced(true);
-    mDialog->Close();
-    mDialog->OnSharpnessKey(eSharpnessKey_End);
-    EXPECT_EQ(slider->value(), 0);
-}
-
 TEST_F(CAdvancedDialogTest, StepKeysReachTheSliderFromAnotherWindowWhileTheWindowExists) {
     Open("ElmLarge@video");
     QSlider* slider = Find<QSlider>("sharpness");
