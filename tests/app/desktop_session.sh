@@ -30,11 +30,17 @@ pids+=($!)
 for _ in $(seq 100); do [ -e "$work/wm-ready" ] && break; sleep 0.1; done
 [ -e "$work/wm-ready" ] || { echo "openbox did not start"; exit 1; }
 
-# The client area's position of the program's window once it stops moving.
+# The program's main window; Qt may replace a native window while it sets one up.
+main_window() {
+    timeout 60 xdotool search --sync --onlyvisible --name '^Vorex Display Settings$' | tail -1
+}
+
+# The client area's position of the program's main window once it stops moving.
 settled_position() {
-    local window=$1 last="" now
+    local last="" now
     for _ in $(seq 50); do
-        now=$(xdotool getwindowgeometry "$window" | sed -n 's/ *Position: \([0-9-]*,[0-9-]*\).*/\1/p')
+        now=$(xdotool getwindowgeometry "$(main_window)" 2>/dev/null |
+            sed -n 's/ *Position: \([0-9-]*,[0-9-]*\).*/\1/p')
         [ -n "$now" ] && [ "$now" = "$last" ] && { echo "$now"; return; }
         last=$now
         sleep 0.2
@@ -46,16 +52,10 @@ positions=()
 for start in 1 2 3; do
     QT_QPA_PLATFORM=xcb "$program" /simulate Birch@ftdi >"$work/trace-$start" 2>&1 &
     pid=$!
-    window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Vorex Display Settings$' | head -1)
-    position=$(settled_position "$window")
-    if [ "$start" = 1 ]; then
-        # The user moves it once; every later start must come back there.
-        xdotool windowmove "$window" 300 200
-        position=$(settled_position "$window")
-    fi
+    position=$(settled_position)
     positions+=("$position")
     echo "start $start: $position"
-    xdotool key --window "$window" Escape
+    xdotool key --window "$(main_window)" Escape
     timeout 30 tail --pid="$pid" -f /dev/null
 done
 if [ "${positions[0]}" != "${positions[1]}" ] || [ "${positions[1]}" != "${positions[2]}" ]; then
