@@ -167,6 +167,7 @@ std::vector<uint8_t> CSimScaler::DisplayInformation() const {
 }
 
 std::vector<uint8_t> CSimScaler::Handle(const std::vector<uint8_t>& frame_I) {
+    ++mCounters.requests;
     if (mRecordRequests) {
         mRequests.push_back(frame_I);
     }
@@ -214,6 +215,7 @@ std::vector<uint8_t> CSimScaler::HandleRequest(const std::vector<uint8_t>& paylo
     case kGetFeature:
         return GetFeature(payload_I);
     case kSetFeature:
+        ++mCounters.featureWrites;
         if (size != 4) {
             return NoteHostError("Set VCP Feature with " + std::to_string(size) + " bytes");
         }

@@ -81,16 +81,6 @@ TEST(LookupByEDID, MapsAShortNameToItsTablet) {
     }
 }
 
-TEST(IsVcpHIDTablet, HoldsForTheModelsWithTheVendorChannel) {
-    CEdidBuilder::Instance();
-    for (uint16_t edid : {0x1070, 0x1071, 0x1072}) {
-        EXPECT_TRUE(CDisplayConfigInterface::IsVcpHIDTablet(edid)) << edid;
-    }
-    for (uint16_t edid : {0x1044, 0x1065, 0x1066, 0x0000}) {
-        EXPECT_FALSE(CDisplayConfigInterface::IsVcpHIDTablet(edid)) << edid;
-    }
-}
-
 class MonitorListTest : public ::testing::Test {
 protected:
     std::unique_ptr<CDisplayConfigInterface> Discover() {

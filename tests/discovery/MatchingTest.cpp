@@ -183,16 +183,6 @@ TEST_F(MatchingTest, ChannelsThatFailToOpenAreDropped) {
     EXPECT_EQ(config->DisplayInfos()[0].display->GetConnector(), ti);
 }
 
-TEST_F(MatchingTest, FtdiModeFindsASerialPortDisplay) {
-    platform->AddMonitor(kAspen, "SN2", "PDX-2100");
-    auto serial = platform->AddSerial("SN2");
-
-    auto config = Discover(Options(eConnectionMode_FTDI));
-
-    ASSERT_EQ(config->DisplayInfos().size(), 1u);
-    EXPECT_EQ(config->DisplayInfos()[0].display->GetConnector(), serial);
-}
-
 // Without serial numbers a legacy channel stands for a record when its type is the one of the
 // record's group and it reports the same monitor name.
 struct SSkipRow {
