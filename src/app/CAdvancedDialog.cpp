@@ -390,7 +390,8 @@ void CAdvancedDialog::Place(const QRect& mainDialog_I) {
         x >= mMainDlg->VirtualScreen().x() + mMainDlg->VirtualScreen().width()) {
         x = mainDialog_I.x() - kSideGap - width;
     }
-    move(x, bottom - height);
+    // Client areas, as the main dialog's rectangle is one: the lower edges line up.
+    setGeometry(x, bottom - height, width, height);
 }
 
 void CAdvancedDialog::ShowAdvanced(bool show_I) {

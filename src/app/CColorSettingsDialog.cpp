@@ -590,5 +590,5 @@ void CColorSettingsDialog::Place(const QRect& mainDialog_I) {
             x = mainDialog_I.x() - kSideGap - width;
         }
     }
-    move(x, bottom - height);
+    setGeometry(x, bottom - height, width, height);
 }

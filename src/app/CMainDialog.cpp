@@ -4,6 +4,10 @@
 #include "app/CProfileControl.h"
 #include "app/CSecondaryDialogs.h"
 #include "app/DisplayHelp.h"
+#include "app/DisplayListNames.h"
+#include "app/Mnemonics.h"
+#include "app/RuntimeFolder.h"
+#include "app/WindowPlacement.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
@@ -63,6 +67,8 @@ const char* const kSettingsOrganisation = "Vorex";
 const char* const kSettingsApplication = "OSD";
 const char* const kLocationGroup = "Location";
 const char* const kRaiseRequest = "raise\n";
+// The socket lives in the user's runtime folder, which makes it the user's own.
+const char* const kDefaultInstanceName = "paneltune.instance";
 
 // The smallest slider that still reads well; the edit holds three digits.
 constexpr int kSliderMinimumWidth = 220;
@@ -82,18 +88,14 @@ CMainDialog::CMainDialog(const SDisplayConfigOptions& options_I,
     }
     mInstanceName = mEnvironment.instanceName;
     if (mInstanceName.isEmpty()) {
-        mInstanceName = Text(kTitleId) + QLatin1Char('-') + qEnvironmentVariable("USER");
+        mInstanceName = QString::fromLatin1(kDefaultInstanceName);
     }
-    mTaskTick.setInterval(kTaskTickMs);
+    mWorker = std::make_unique<CDisplayWorker>();
     BuildControls();
 }
 
 CMainDialog::~CMainDialog() {
-    // A second start ends without waiting for its discovery; the task must not outlive the
-    // object it writes into.
-    if (mConfigThread.Handle()) {
-        mConfigThread.WaitFor(std::numeric_limits<double>::infinity());
-    }
+    mWorker.reset();
     mSecondary.reset();
 }
 
@@ -146,10 +148,12 @@ void CMainDialog::BuildControls() {
         pair.edit->setAlignment(Qt::AlignRight);
         pair.edit->installEventFilter(this);
         pair.stored = stored;
+        pair.label->setBuddy(pair.slider);
     };
 
     mDisplayLabel = makeLabel("displayLabel");
     QComboBox* displayCombo = makeCombo("displayCombo");
+    mDisplayLabel->setBuddy(displayCombo);
     mDisplayCombo.Bind(displayCombo);
     makePair(mBrightnessPair, "brightnessLabel", "brightnessSlider", "brightnessEdit",
              &mBrightness);
@@ -170,6 +174,10 @@ void CMainDialog::BuildControls() {
     mGammaLabel = makeLabel("gammaLabel");
     QComboBox* gammaCombo = makeCombo("gammaCombo");
     mColorSettingCombo.Bind(colorSettingCombo);
+    mColorSettingLabel->setBuddy(colorSettingCombo);
+    mTemperatureLabel->setBuddy(temperatureCombo);
+    mSpaceLabel->setBuddy(spaceCombo);
+    mGammaLabel->setBuddy(gammaCombo);
     mTemperatureCombo.Bind(temperatureCombo);
     mSpaceCombo.Bind(spaceCombo);
     mGammaCombo.Bind(gammaCombo);
@@ -213,10 +221,13 @@ void CMainDialog::BuildControls() {
                           2 * (helpButton->style()->pixelMetric(QStyle::PM_ButtonMargin) +
                                helpButton->style()->pixelMetric(QStyle::PM_DefaultFrameWidth));
     helpButton->setFixedWidth(std::max(textWidth, helpButton->sizeHint().height()));
+    // As high as its neighbours, whose texts may need a taller font.
+    helpButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     buttons->addWidget(helpButton);
     buttons->addStretch(1);
     mProfileControl = new CProfileControl(
         [this](const CProfileControl::DisplayWork& work_I) {
+            SettleDisplay();
             const std::shared_ptr<UiDisplayDelegate> display = Display();
             if (!display) {
                 return false;
@@ -241,8 +252,7 @@ void CMainDialog::BuildControls() {
     connect(mSaveButton, &QPushButton::clicked, this, [this] { OnSave(); });
     connect(mRevertButton, &QPushButton::clicked, this, [this] { OnRevert(); });
     connect(mAdvancedButton, &QPushButton::clicked, this, [this] { OnAdvanced(); });
-    connect(helpButton, &QPushButton::clicked, this,
-            [this] { OpenDisplayHelp(mOptions, Display().get()); });
+    connect(helpButton, &QPushButton::clicked, this, [this] { OnHelp(); });
     for (ESlider kind : {eBrightnessSlider, eContrastSlider}) {
         SSliderPair& pair = kind == eBrightnessSlider ? mBrightnessPair : mContrastPair;
         connect(pair.slider, &QSlider::actionTriggered, this,
@@ -268,11 +278,19 @@ void CMainDialog::SetStaticTexts() {
         {mRevertButton, kRevertButtonId},
         {mSaveButton, kSaveButtonId},
     };
-    for (const auto& [widget, id] : texts) {
+    QStringList strings;
+    for (const auto& entry : texts) {
+        // The RGB label names no control and takes no mnemonic.
+        strings << (entry.first == mRgbLabel ? QString() : Text(entry.second));
+    }
+    strings = WithMnemonics(strings);
+    for (size_t i = 0; i < std::size(texts); ++i) {
+        QWidget* widget = texts[i].first;
+        const QString text = widget == mRgbLabel ? Text(texts[i].second) : strings[i];
         if (auto* label = qobject_cast<QLabel*>(widget)) {
-            label->setText(Text(id));
+            label->setText(text);
         } else if (auto* button = qobject_cast<QPushButton*>(widget)) {
-            button->setText(Text(id));
+            button->setText(text);
         }
     }
     // The labels inside the colour box line up with those outside it.
@@ -309,25 +327,17 @@ void CMainDialog::EndDialog(int result_I) {
 
 bool CMainDialog::OnInitDialog() {
     CScopeTimer timer("CMainDialog::OnInitDialog");
-    mConfigThread.Create(&CMainDialog::DisplayConfigThread,
-                         "(LPTHREAD_START_ROUTINE)CMainDialog::DisplayConfigThread", this);
-    ReadStoredPosition();
+    // A second start only wakes the first one: it must not talk to the displays at all.
     if (RaiseRunningInstance()) {
         EndDialog(0);
         return false;
     }
+    mWorker->Post([this] { RunDisplayConfig(); });
+    ReadStoredPosition();
     ListenForSecondStarts();
     setWindowTitle(Text(kTitleId));
     SetStaticTexts();
-    mTaskTick.start();
-    std::unique_ptr<QDialog> waitWindow = ShowWaitWindow();
-    if (waitWindow) {
-        PumpUntilEnded(mConfigThread);
-        waitWindow->showMinimized();
-        waitWindow.reset();
-    }
-    mTaskTick.stop();
-    mConfigThread.Close();
+    WaitBehindWaitWindow();
 
     if (!mDisplayConfigIF && mConfigError.empty()) {
         ShowErrorWindow(QStringLiteral("Could not configure display."));
@@ -358,9 +368,9 @@ bool CMainDialog::OnInitDialog() {
 
 void CMainDialog::FillDisplayCombo() {
     mDisplayCombo.Clear();
-    const std::vector<std::wstring> names = mDisplayConfigIF->DisplayNames();
-    for (size_t i = 0; i < names.size(); ++i) {
-        mDisplayCombo.Add(static_cast<int>(i), QString::fromStdWString(names[i]));
+    const QStringList names = DisplayListNames(mDisplayConfigIF->DisplayInfos());
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        mDisplayCombo.Add(static_cast<int>(i), names[i]);
     }
     mDisplayCombo.Select(0);
     mDisplayConfigIF->SetCurrentDisplay(0);
@@ -374,6 +384,7 @@ void CMainDialog::PrepareCurrentDisplay(bool refresh_I) {
         display->GetCustomRGBColorMod(refresh_I);
     }
     UpdateControls();
+    PlaceSecondaryDialogs();
 }
 
 void CMainDialog::ClearColorCombos() {
@@ -409,7 +420,7 @@ void CMainDialog::ReadStoredPosition() {
 
 bool CMainDialog::RaiseRunningInstance() {
     QLocalSocket socket;
-    socket.connectToServer(mInstanceName);
+    socket.connectToServer(InstanceSocketPath(mInstanceName));
     if (!socket.waitForConnected(0) && socket.state() != QLocalSocket::ConnectedState) {
         return false;
     }
@@ -421,8 +432,10 @@ bool CMainDialog::RaiseRunningInstance() {
 
 void CMainDialog::ListenForSecondStarts() {
     mInstanceServer = new QLocalServer(this);
-    QLocalServer::removeServer(mInstanceName);
-    if (!mInstanceServer->listen(mInstanceName)) {
+    const QString path = InstanceSocketPath(mInstanceName);
+    QLocalServer::removeServer(path);
+    mInstanceServer->setSocketOptions(QLocalServer::UserAccessOption);
+    if (!mInstanceServer->listen(path)) {
         Trace("CMainDialog - no single-instance channel: %s\n",
               mInstanceServer->errorString().toStdString().c_str());
         return;
@@ -431,6 +444,8 @@ void CMainDialog::ListenForSecondStarts() {
         while (QLocalSocket* caller = mInstanceServer->nextPendingConnection()) {
             connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
             if (!mEnded && isVisible()) {
+                setWindowState(windowState() & ~Qt::WindowMinimized);
+                show();
                 raise();
                 activateWindow();
             }
@@ -457,6 +472,29 @@ static QScreen* ScreenOfDisplay(const SDisplayInfo& info_I) {
     return nullptr;
 }
 
+// Before the window manager has framed the window its frame is a guess: a title bar as the
+// style draws one.
+QMargins CMainDialog::FrameMargins() const {
+    const QMargins known(geometry().left() - frameGeometry().left(),
+                         geometry().top() - frameGeometry().top(),
+                         frameGeometry().right() - geometry().right(),
+                         frameGeometry().bottom() - geometry().bottom());
+    if (!known.isNull()) {
+        return known;
+    }
+    const int border = style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    return QMargins(border, style()->pixelMetric(QStyle::PM_TitleBarHeight) + border, border,
+                    border);
+}
+
+void CMainDialog::RememberPosition() {
+    if (isVisible()) {
+        mLastX = geometry().x();
+        mLastY = geometry().y();
+        mUseDefaultPosition = false;
+    }
+}
+
 void CMainDialog::PlaceWindow() {
     QScreen* screen = nullptr;
     if (!mUseDefaultPosition && !mDisplayConfigIF->CurrentMonitor().empty()) {
@@ -466,27 +504,29 @@ void CMainDialog::PlaceWindow() {
         screen = QGuiApplication::primaryScreen();
     }
     adjustSize();
-    const QRect work = screen != nullptr ? screen->availableGeometry() : QRect();
-    const QRect frame = frameGeometry();
-    const int width = frame.width();
-    const int height = frame.height();
-    QRect placed(work.left() + 10, work.bottom() + 1 - height, width, height);
-
-    QPoint position(0, 0);
-    if (!mUseDefaultPosition && screen != nullptr) {
-        const QRect virtualScreen = screen->virtualGeometry();
-        const int64_t left = virtualScreen.left();
-        const int64_t top = virtualScreen.top();
-        const int64_t right = left + virtualScreen.width();
-        const int64_t bottom = top + virtualScreen.height();
-        if (mLastX + width > left && mLastX < right && mLastY + height > top && mLastY < bottom) {
-            position = QPoint(static_cast<int>(mLastX), static_cast<int>(mLastY));
-        }
+    std::vector<QRect> workAreas;
+    for (QScreen* each : QGuiApplication::screens()) {
+        workAreas.push_back(each->availableGeometry());
     }
-    move(position);
+    const QMargins frame = FrameMargins();
+    QPoint position =
+        DefaultPosition(screen != nullptr ? screen->availableGeometry() : QRect(0, 0, 0, 0), frame);
+    if (!mUseDefaultPosition) {
+        position = QPoint(static_cast<int>(mLastX), static_cast<int>(mLastY));
+    }
+    position = KeptOnScreen(QRect(position, size()), frame, workAreas);
+    // The client area's point, so that the window manager does not add its frame on top.
+    setGeometry(QRect(position, size()));
     show();
-    placed.moveTopLeft(position);
-    mSecondary->Place(placed);
+}
+
+// The two other dialogs line up with the dialog as its rows leave it.
+void CMainDialog::PlaceSecondaryDialogs() {
+    layout()->activate();
+    adjustSize();
+    if (mSecondary) {
+        mSecondary->Place(geometry());
+    }
 }
 
 void CMainDialog::reject() {
@@ -505,7 +545,8 @@ void CMainDialog::closeEvent(QCloseEvent* event_I) {
 }
 
 void CMainDialog::CloseSequence() {
-    const QPoint topLeft = frameGeometry().topLeft();
+    SettleDisplay();
+    const QPoint topLeft = geometry().topLeft();
     {
         QSettings settings(QString::fromLatin1(kSettingsOrganisation),
                            QString::fromLatin1(kSettingsApplication));
@@ -523,6 +564,7 @@ void CMainDialog::CloseSequence() {
 }
 
 void CMainDialog::SelectDisplay() {
+    SettleDisplay();
     const int index = mDisplayCombo.Selected();
     if (mDisplayConfigIF->IsCurrentDisplay(index)) {
         return;
@@ -531,6 +573,7 @@ void CMainDialog::SelectDisplay() {
     if (advancedVisible) {
         mSecondary->HideAdvanced();
     }
+    RememberPosition();
     hide();
     if (std::shared_ptr<UiDisplayDelegate> old = Display()) {
         old->RevertSettings();
@@ -548,7 +591,7 @@ void CMainDialog::SelectDisplay() {
     }
     show();
     if (advancedVisible) {
-        mSecondary->ShowAdvanced(false);
+        mSecondary->ShowAdvanced();
     }
 }
 
@@ -561,6 +604,7 @@ void CMainDialog::CloseAllDialogs() {
 }
 
 void CMainDialog::ShowCommunicationError(bool exit_I) {
+    SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
     const std::string lastError = display ? display->GetLastErrorText() : std::string();
     QString text;
@@ -575,6 +619,18 @@ void CMainDialog::ShowCommunicationError(bool exit_I) {
     QMessageBox box(QMessageBox::Critical, Text(kTitleId), text, QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("communicationError"));
     ExecModal(box, EModal::eCommunicationError);
+}
+
+void CMainDialog::OnHelp() {
+    if (OpenDisplayHelp(mOptions, Display().get())) {
+        return;
+    }
+    QMessageBox box(QMessageBox::Information, Text(kTitleId),
+                    tr("No help can be reached: the help server does not answer and no help is "
+                       "installed on this computer."),
+                    QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("helpUnavailable"));
+    ExecModal(box, EModal::eHelpUnavailable);
 }
 
 int CMainDialog::ExecModal(QDialog& window_I, EModal) {

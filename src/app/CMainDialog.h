@@ -5,10 +5,10 @@
 // and colour reset) run on one worker at a time while this thread keeps its events turning.
 
 #include "app/CComboValues.h"
+#include "app/CDisplayWorker.h"
 #include "app/ISecondaryDialogs.h"
 #include "discovery/CDisplayConfigInterface.h"
 #include "discovery/SDisplayConfigOptions.h"
-#include "foundation/CSignalThread.h"
 #include "model/SControlState.h"
 #include "model/UserSettings.h"
 
@@ -55,11 +55,11 @@ public:
         eFactoryResetQuestion,
         eCommunicationError,
         eErrorWindow,
-        eNotSupportedWindow
+        eNotSupportedWindow,
+        eHelpUnavailable
     };
     enum ESlider { eBrightnessSlider, eContrastSlider };
     static constexpr int kDarkQuestionTimeoutMs = 5000;
-    static constexpr int kTaskTickMs = 100;
 
     CMainDialog(const SDisplayConfigOptions& options_I, SMainDialogEnvironment environment_I,
                 QWidget* parent_I = nullptr);
@@ -72,6 +72,8 @@ public:
     bool Ended() const { return mEnded; }
     int Result() const { return mResult; }
     void EndDialog(int result_I);
+    // The thread all display calls run on.
+    CDisplayWorker& Worker() { return *mWorker; }
 
     // Called by the other dialogs and the background tasks.
     void UpdateControls();
@@ -127,6 +129,10 @@ private:
 
     // Placement and the close sequence.
     void PlaceWindow();
+    QMargins FrameMargins() const;
+    // Keeps where the user moved the window for the next placement.
+    void RememberPosition();
+    void PlaceSecondaryDialogs();
     void CloseSequence();
     void SelectDisplay();
 
@@ -150,19 +156,15 @@ private:
     void OnSave();
     void OnRevert();
     void OnAdvanced();
+    // Opens the display's help, or says that none can be reached.
+    void OnHelp();
 
-    // Background tasks.
-    static uint32_t DisplayConfigThread(void* context_I);
-    static uint32_t FactoryResetThread(void* context_I);
-    static uint32_t ResetColorThread(void* context_I);
-    static uint32_t ResetColorConfigThread(void* context_I);
+    // Background tasks, all on the display worker.
     void RunDisplayConfig();
-    void ResetColorConfig();
-    // Pumps events behind the wait window: when A ends B starts, when B ends the pump returns.
-    void PumpTask(WinUtils::CSignalThread& threadA_IO, WinUtils::CSignalThread& threadB_IO,
-                  WinUtils::CSignalThread::Routine routineB_I, const char* labelB_I);
-    // Pumps until the one thread ends.
-    void PumpUntilEnded(WinUtils::CSignalThread& thread_IO);
+    // Keeps events turning behind the wait window until the worker has done its jobs.
+    void WaitBehindWaitWindow();
+    // Returns once no display call is in flight, so this thread may use the session.
+    void SettleDisplay();
     bool ConfirmFactoryReset();
 
     // The three captionless windows.
@@ -180,7 +182,8 @@ private:
     // Written by the discovery task, read here only after that task has ended.
     std::unique_ptr<CDisplayConfigInterface> mDisplayConfigIF;
     std::string mConfigError;
-    WinUtils::CSignalThread mConfigThread;
+    // Declared after the session list it works on, so that it stops first.
+    std::unique_ptr<CDisplayWorker> mWorker;
 
     int32_t mBrightness = 75;
     int32_t mContrast = 50;
@@ -192,7 +195,6 @@ private:
     bool mEnded = false;
     int mResult = 0;
     QPointer<QEventLoop> mRunLoop;
-    QTimer mTaskTick;
     QLocalServer* mInstanceServer = nullptr;
 
     CComboValues<int> mDisplayCombo;

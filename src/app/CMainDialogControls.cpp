@@ -159,6 +159,7 @@ void CMainDialog::SetRgbLabel(UiDisplayDelegate& display_I) {
 }
 
 void CMainDialog::UpdateControls() {
+    SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
     if (!display) {
         return;
@@ -203,6 +204,7 @@ void CMainDialog::UpdateControls() {
 }
 
 void CMainDialog::UpdateSaveRevert() {
+    SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
     ApplyState(SControlState::Usable(), {mAdvancedButton});
     if (display) {
@@ -242,15 +244,30 @@ void CMainDialog::OnSliderAction(ESlider slider_I, int action_I) {
     }
 }
 
+// A drag's values go to the worker; while one is on the wire only the latest waits.
 void CMainDialog::LiveEvent(ESlider slider_I, int32_t value_I) {
     SSliderPair& pair = slider_I == eBrightnessSlider ? mBrightnessPair : mContrastPair;
     pair.edit->setText(QString::number(value_I));
-    if (!ApplySlider(slider_I, value_I)) {
-        ShowCommunicationError(false);
+    std::shared_ptr<UiDisplayDelegate> display = Display();
+    if (!display) {
+        return;
     }
+    auto written = std::make_shared<bool>(true);
+    mWorker->Post(
+        [display, slider_I, value_I, written] {
+            *written = slider_I == eBrightnessSlider ? display->SetBrightness(value_I)
+                                                     : display->SetContrast(value_I);
+        },
+        [this, written] {
+            if (!*written) {
+                ShowCommunicationError(false);
+            }
+        },
+        slider_I);
 }
 
 void CMainDialog::CommitEvent(ESlider slider_I, int32_t value_I) {
+    SettleDisplay();
     SSliderPair& pair = slider_I == eBrightnessSlider ? mBrightnessPair : mContrastPair;
     if (value_I == *pair.stored || mBusy) {
         return;
@@ -276,6 +293,7 @@ void CMainDialog::CommitEvent(ESlider slider_I, int32_t value_I) {
 }
 
 void CMainDialog::CommitBrightnessEdit() {
+    SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
     if (!display) {
         return;
@@ -310,6 +328,7 @@ void CMainDialog::CommitBrightnessEdit() {
 // Unlike brightness: bad text reads as the display's value, the edit is rewritten when the
 // value equals the display's, and the bottom buttons are re-evaluated whatever the outcome.
 void CMainDialog::CommitContrastEdit() {
+    SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
     if (!display) {
         return;
@@ -369,6 +388,7 @@ bool CMainDialog::ConfirmTooDark(QWidget* asker_I) {
 }
 
 void CMainDialog::OnColorSettingChanged() {
+    SettleDisplay();
     if (!Display()->SetColorSetting(mColorSettingCombo.Selected())) {
         ShowCommunicationError(false);
     }
@@ -376,6 +396,7 @@ void CMainDialog::OnColorSettingChanged() {
 }
 
 void CMainDialog::OnTemperatureChanged() {
+    SettleDisplay();
     if (!Display()->SetColorTemperature(mTemperatureCombo.Selected())) {
         ShowCommunicationError(false);
     }
@@ -383,6 +404,7 @@ void CMainDialog::OnTemperatureChanged() {
 }
 
 void CMainDialog::OnSpaceChanged() {
+    SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
     if (!display->SetColorSpace(mSpaceCombo.Selected())) {
         ShowCommunicationError(false);
@@ -394,6 +416,7 @@ void CMainDialog::OnSpaceChanged() {
 }
 
 void CMainDialog::OnGammaChanged() {
+    SettleDisplay();
     if (!Display()->SetGamma(mGammaCombo.Selected())) {
         ShowCommunicationError(false);
     }
@@ -401,6 +424,7 @@ void CMainDialog::OnGammaChanged() {
 }
 
 void CMainDialog::OnSet() {
+    SettleDisplay();
     if (mSecondary->ColorDialogOpen()) {
         VRX_ASSERT_NOT_REACHED("How???");
         return;
@@ -413,6 +437,7 @@ void CMainDialog::OnSet() {
 }
 
 void CMainDialog::OnSave() {
+    SettleDisplay();
     if (!Display()->SaveSettings()) {
         ShowCommunicationError(false);
     }
@@ -420,6 +445,7 @@ void CMainDialog::OnSave() {
 }
 
 void CMainDialog::OnRevert() {
+    SettleDisplay();
     Display()->RevertSettings();
     UpdateControls();
     if (mSecondary->AdvancedExists()) {
@@ -429,5 +455,6 @@ void CMainDialog::OnRevert() {
 }
 
 void CMainDialog::OnAdvanced() {
+    SettleDisplay();
     mSecondary->OpenAdvanced(QApplication::activeWindow());
 }

@@ -4,7 +4,6 @@
 
 #include "app/CHotplugWatcher.h"
 #include "app/CMainDialog.h"
-#include "foundation/CSignalThread.h"
 #include "model/UiDisplayDelegate.h"
 
 #include <QApplication>
@@ -34,7 +33,7 @@ bool CMainDialog::FollowHotplug() {
     if (mEnded || !mDisplayConfigIF) {
         return true;
     }
-    if (mTaskTick.isActive() || QApplication::activeModalWidget() != nullptr) {
+    if (!mWorker->Idle() || QApplication::activeModalWidget() != nullptr) {
         return false;
     }
     const std::vector<SListedDisplay> before = Listed(*mDisplayConfigIF);
@@ -45,15 +44,8 @@ bool CMainDialog::FollowHotplug() {
         display->RevertSettings();
     }
     mSecondary->CloseColorDialog(false);
-    mTaskTick.start();
-    {
-        WinUtils::CSignalThread displayConfig;
-        displayConfig.Create(&CMainDialog::DisplayConfigThread,
-                             "(LPTHREAD_START_ROUTINE)CMainDialog::DisplayConfigThread", this);
-        PumpUntilEnded(displayConfig);
-        displayConfig.Close();
-    }
-    mTaskTick.stop();
+    mWorker->Post([this] { RunDisplayConfig(); });
+    mWorker->WaitIdle();
     const std::vector<SListedDisplay> after = Listed(*mDisplayConfigIF);
     if (mDisplayConfigIF->DisplayNames().empty()) {
         mSecondary->CloseAdvanced();

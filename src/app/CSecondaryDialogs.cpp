@@ -60,16 +60,10 @@ void CSecondaryDialogs::OpenAdvanced(QWidget*) {
     mAdvanced->setFocus();
 }
 
-void CSecondaryDialogs::ShowAdvanced(bool snapshot_I) {
-    if (!AdvancedExists()) {
-        return;
-    }
-    if (snapshot_I) {
+void CSecondaryDialogs::ShowAdvanced() {
+    if (AdvancedExists()) {
         mAdvanced->ShowAdvanced(true);
-        return;
     }
-    mAdvanced->Refresh(false);
-    mAdvanced->show();
 }
 
 void CSecondaryDialogs::HideAdvanced() {
@@ -91,7 +85,6 @@ void CSecondaryDialogs::CloseAdvanced() {
 }
 
 void CSecondaryDialogs::Place(const QRect& mainRect_I) {
-    mMainRect = mainRect_I;
     if (AdvancedExists()) {
         mAdvanced->Place(mainRect_I);
     }
@@ -125,7 +118,7 @@ bool CSecondaryDialogs::ConfirmTooDark(QWidget* asker_I) {
 }
 
 QRect CSecondaryDialogs::MainDialogRect() const {
-    return mMainRect.isValid() ? mMainRect : mMainDialog.frameGeometry();
+    return mMainDialog.geometry();
 }
 
 QRect CSecondaryDialogs::WorkArea() const {

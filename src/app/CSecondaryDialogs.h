@@ -27,7 +27,7 @@ public:
     bool AdvancedExists() const override;
     bool AdvancedVisible() const override;
     void OpenAdvanced(QWidget* owner_I) override;
-    void ShowAdvanced(bool snapshot_I) override;
+    void ShowAdvanced() override;
     void HideAdvanced() override;
     void RefreshAdvanced() override;
     void CloseAdvanced() override;
@@ -47,7 +47,6 @@ private:
     SDisplayConfigOptions mOptions;
     CDisplayConfigInterface& mDisplayConfigIF;
     CMainDialog& mMainDialog;
-    QRect mMainRect;
     std::unique_ptr<CAdvancedDialog> mAdvanced;
     std::unique_ptr<CColorSettingsDialog> mColor;
 };

@@ -27,14 +27,15 @@ public:
     virtual bool AdvancedVisible() const = 0;
     // Creates it owned by owner_I when needed, shows it refreshed when hidden, and focuses it.
     virtual void OpenAdvanced(QWidget* owner_I) = 0;
-    // snapshot_I takes a new restore snapshot of the values Cancel goes back to.
-    virtual void ShowAdvanced(bool snapshot_I) = 0;
+    // Every showing takes a new restore snapshot of the values Cancel goes back to.
+    virtual void ShowAdvanced() = 0;
     virtual void HideAdvanced() = 0;
     // Re-reads the controls without a new restore snapshot.
     virtual void RefreshAdvanced() = 0;
     virtual void CloseAdvanced() = 0;
 
-    // The main dialog's rectangle after placement, for the two dialogs to place themselves by.
+    // The main dialog's client rectangle once its rows are final, for the two dialogs to place
+    // themselves by.
     virtual void Place(const QRect& mainRect_I) = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "app/QtUHMappingUtils.h"
 
 #include "app/NetworkProbe.h"
+#include "app/RuntimeFolder.h"
 #include "foundation/Trace.h"
 
 #include <QDesktopServices>
@@ -9,7 +10,9 @@
 #include <QTemporaryFile>
 #include <QUrl>
 
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -56,13 +59,27 @@ bool QtUHMappingUtils::OpenUrl(const std::string& url_I) {
     return mServices.open && mServices.open(url_I);
 }
 
+// The browser reads a page after the help call has returned, so the pages live as long as the
+// program and go with it.
+static std::vector<std::unique_ptr<QTemporaryFile>>& RedirectPages() {
+    static std::vector<std::unique_ptr<QTemporaryFile>> pages;
+    return pages;
+}
+
+void RemoveRedirectPages() {
+    RedirectPages().clear();
+}
+
 std::string QtUHMappingUtils::WriteRedirectFile(const std::string& url_I) {
-    const QString folder = mServices.temporaryFolder.empty()
-                               ? QDir::tempPath()
-                               : QString::fromStdString(mServices.temporaryFolder);
-    QTemporaryFile file(QDir(folder).filePath(kRedirectTemplate));
-    // The browser opens it after this object is gone.
-    file.setAutoRemove(false);
+    QString folder = QString::fromStdString(mServices.temporaryFolder);
+    if (folder.isEmpty()) {
+        folder = RuntimeFolder();
+    }
+    if (folder.isEmpty()) {
+        folder = QDir::tempPath();
+    }
+    auto owned = std::make_unique<QTemporaryFile>(QDir(folder).filePath(kRedirectTemplate));
+    QTemporaryFile& file = *owned;
     if (!file.open()) {
         return {};
     }
@@ -73,9 +90,10 @@ std::string QtUHMappingUtils::WriteRedirectFile(const std::string& url_I) {
     if (file.write(page.data(), static_cast<qint64>(page.size())) !=
             static_cast<qint64>(page.size()) ||
         !file.flush()) {
-        file.remove();
         return {};
     }
+    file.close();
+    RedirectPages().push_back(std::move(owned));
     return name;
 }
 

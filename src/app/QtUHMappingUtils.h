@@ -19,7 +19,7 @@ public:
         OpenFunction open;
         // Holds "UserHelp/"; no trailing "/" needed.
         std::string installFolder;
-        // Where the redirect page goes; the system's temporary folder when empty.
+        // Where the redirect page goes; the user's runtime folder when empty.
         std::string temporaryFolder;
     };
 
@@ -46,3 +46,5 @@ bool OpenHelp(const std::string& language_I, const std::string& model_I, const s
 // The same over given mapping utilities.
 bool OpenHelp(UHMappingUtils& utils_I, const std::string& language_I, const std::string& model_I,
               const std::string& topic_I);
+// Removes the redirect pages written so far; the program does this as it ends.
+void RemoveRedirectPages();

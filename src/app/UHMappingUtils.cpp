@@ -64,6 +64,10 @@ std::string UHMappingUtils::BuildUrl(const std::string& language_I, const std::s
     std::string local = localRoot + language_I + kTocFolder + page + query;
     if (!LocalFileExists(local)) {
         local = localRoot + language_I + kOfflinePageSuffix;
+        // Nothing to show: the caller tells the user rather than open a browser on nothing.
+        if (!LocalFileExists(local)) {
+            return {};
+        }
     }
     return WriteRedirectFile(local);
 }

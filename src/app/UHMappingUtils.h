@@ -26,7 +26,8 @@ public:
     // The file address of the installed help's folder, ending with "/".
     virtual std::string LocalHelpRoot() = 0;
 
-    // The address to open; empty when the local fallback's page can't be written.
+    // The address to open; empty when the server does not answer and no installed page exists,
+    // or when the local fallback's page can't be written.
     std::string BuildUrl(const std::string& language_I, const std::string& model_I,
                          const std::string& topic_I);
     std::string TrackingQuery(const std::string& model_I, const std::string& topic_I) const;

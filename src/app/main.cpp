@@ -4,19 +4,26 @@
 #include "app/CMainDialog.h"
 #include "app/CommandLine.h"
 #include "app/PlatformChoice.h"
+#include "app/QtTranslations.h"
+#include "app/QtUHMappingUtils.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 
 #include <cstdio>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // The installed theme's icon, else the one built in.
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("paneltune"),
+                                                 QIcon(QStringLiteral(":/icons/paneltune.svg"))));
     std::vector<std::string> arguments;
     for (const QString& argument : application.arguments().mid(1)) {
         arguments.push_back(argument.toStdString());
     }
     const SCommandLine commandLine = ParseCommandLine(JoinArguments(arguments));
+    InstallQtTranslations(commandLine.options.language.mLanguage.name);
     if (commandLine.help) {
         QMessageBox box(QMessageBox::Information, QString::fromWCharArray(kHelpTitle),
                         QString::fromStdWString(HelpText()), QMessageBox::Ok);
@@ -33,5 +40,7 @@ int main(int argc, char** argv) {
     SDisplayConfigOptions options = commandLine.options;
     options.factsStore = MakeFactsStore(commandLine);
     CMainDialog dialog(options, {platform, {}, {}});
-    return dialog.Run();
+    const int result = dialog.Run();
+    RemoveRedirectPages();
+    return result;
 }

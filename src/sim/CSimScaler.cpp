@@ -168,6 +168,9 @@ std::vector<uint8_t> CSimScaler::DisplayInformation() const {
 
 std::vector<uint8_t> CSimScaler::Handle(const std::vector<uint8_t>& frame_I) {
     ++mCounters.requests;
+    if (mRecordRequests) {
+        mRequests.push_back(frame_I);
+    }
     if (frame_I.size() == kSerialEdid.size() &&
         std::equal(kSerialEdid.begin(), kSerialEdid.end(), frame_I.begin())) {
         return mFamily.Has(eAnswersSerialEdid) ? mEdid : std::vector<uint8_t>{};

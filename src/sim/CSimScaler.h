@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class CSimScaler {
@@ -52,6 +53,10 @@ public:
     // One line per malformed request or broken rule of the bus, in order.
     const std::vector<std::string>& HostErrors() const { return mHostErrors; }
     void ReportHostError(std::string text_I);
+    // While on, every request frame that reaches the scaler is kept in order, so that a test
+    // can compare what the host sent.
+    void RecordRequests(bool on_I) { mRecordRequests = on_I; }
+    std::vector<std::vector<uint8_t>> TakeRequests() { return std::exchange(mRequests, {}); }
 
 private:
     std::vector<uint8_t> HandleRequest(const std::vector<uint8_t>& payload_I);
@@ -77,4 +82,6 @@ private:
     bool mFactoryMode = false;
     SCounters mCounters;
     std::vector<std::string> mHostErrors;
+    bool mRecordRequests = false;
+    std::vector<std::vector<uint8_t>> mRequests;
 };

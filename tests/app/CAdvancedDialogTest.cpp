@@ -172,31 +172,6 @@ TEST_F(CAdvancedDialogTest, SharpnessGoesOutOnlyOnTheTick) {
     EXPECT_TRUE(mOwner.communicationErrors.empty());
 }
 
-TEST_F(CAdvancedDialogTest, HomeAndEndJumpAndClamp) {
-    Open("ElmLarge@video");
-    QSlider* slider = Find<QSlider>("sharpness");
-    ASSERT_EQ(slider->minimum(), 0);
-    ASSERT_EQ(slider->maximum(), 4);
-    mDialog->OnSharpnessKey(eSharpnessKey_End);
-    EXPECT_EQ(slider->value(), 4);
-    mDialog->OnSharpnessKey(eSharpnessKey_PageUp);
-    EXPECT_EQ(slider->value(), 4);
-    mDialog->OnSharpnessKey(eSharpnessKey_Down);
-    EXPECT_EQ(slider->value(), 3);
-    mDialog->OnSharpnessKey(eSharpnessKey_Home);
-    EXPECT_EQ(slider->value(), 0);
-    mTimer->Fire();
-    EXPECT_EQ(mRig->Current(kSharpnessCode), 0);
-    // The keys stay with the dialog while it is hidden, and leave with the window.
-    mDialog->ShowAdvanced(false);
-    mDialog->OnSharpnessKey(eSharpnessKey_Up);
-    EXPECT_EQ(slider->value(), 1);
-    mDialog->ShowAdvanced(true);
-    mDialog->Close();
-    mDialog->OnSharpnessKey(eSharpnessKey_End);
-    EXPECT_EQ(slider->value(), 0);
-}
-
 TEST_F(CAdvancedDialogTest, StepKeysReachTheSliderFromAnotherWindowWhileTheWindowExists) {
     Open("ElmLarge@video");
     QSlider* slider = Find<QSlider>("sharpness");
@@ -313,13 +288,13 @@ TEST_F(CAdvancedDialogTest, PlacedBesideTheMainDialogOrFlippedAtTheEdge) {
     Open("Birch@ftdi");
     EXPECT_TRUE(trace.Contains("OnShowWindow - timer started...\n"));
     const QRect main = mOwner.mainRect;
-    EXPECT_EQ(mDialog->x(), main.x() + main.width() + 20);
-    EXPECT_EQ(mDialog->y() + mDialog->height(), main.y() + main.height());
+    EXPECT_EQ(mDialog->geometry().x(), main.x() + main.width() + 20);
+    EXPECT_EQ(mDialog->geometry().y() + mDialog->height(), main.y() + main.height());
 
     mOwner.mainRect.moveLeft(1920 - main.width());
     mDialog->Refresh(false);
-    EXPECT_EQ(mDialog->x(), mOwner.mainRect.x() - 20 - mDialog->width());
-    EXPECT_EQ(mDialog->y() + mDialog->height(), main.y() + main.height());
+    EXPECT_EQ(mDialog->geometry().x(), mOwner.mainRect.x() - 20 - mDialog->width());
+    EXPECT_EQ(mDialog->geometry().y() + mDialog->height(), main.y() + main.height());
     mDialog->ShowAdvanced(false);
     EXPECT_TRUE(trace.Contains("OnShowWindow - timer stopped\n"));
 }

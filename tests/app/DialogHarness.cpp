@@ -15,8 +15,13 @@ QApplication& TestApplication() {
     return *qobject_cast<QApplication*>(QCoreApplication::instance());
 }
 
+QString ScreenshotFolder() {
+    const QString chosen = qEnvironmentVariable("PANELTUNE_SCREENSHOT_DIR");
+    return chosen.isEmpty() ? QStringLiteral(PANELTUNE_SCREENSHOT_DIR) : chosen;
+}
+
 void SaveScreenshot(QWidget& widget_I, const std::string& name_I) {
-    const QString folder = QStringLiteral(PANELTUNE_SCREENSHOT_DIR);
+    const QString folder = ScreenshotFolder();
     QDir().mkpath(folder);
     QCoreApplication::sendPostedEvents();
     if (widget_I.layout() != nullptr) {
@@ -72,6 +77,8 @@ void DialogTest::SetUp() {
     ASSERT_TRUE(mSettingsFolder->isValid());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mSettingsFolder->path());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, mSettingsFolder->path());
+    // The single-instance socket and help pages go to the user's runtime folder.
+    qputenv("XDG_RUNTIME_DIR", mSettingsFolder->path().toLocal8Bit());
 }
 
 void DialogTest::TearDown() {
@@ -124,6 +131,10 @@ void DialogTest::Enter(const char* edit_I, const QString& text_I) {
     QLineEdit* edit = Find<QLineEdit>(edit_I);
     edit->setText(text_I);
     QTest::keyClick(edit, Qt::Key_Return);
+}
+
+void DialogTest::Settle() {
+    mDialog->Worker().WaitIdle();
 }
 
 QStringList DialogTest::Rows(const char* combo_I) {

@@ -26,7 +26,9 @@
 
 // The application object of the test run.
 QApplication& TestApplication();
-// Saves a picture of the widget under the build folder's screenshots.
+// The build folder's screenshots, or the folder PANELTUNE_SCREENSHOT_DIR names.
+QString ScreenshotFolder();
+// Saves a picture of the widget in the screenshot folder.
 void SaveScreenshot(QWidget& widget_I, const std::string& name_I);
 
 class CTestMainDialog : public CMainDialog {
@@ -81,6 +83,8 @@ protected:
     // Values of the rows of a combo, as text.
     QStringList Rows(const char* combo_I);
     bool Shown(const char* name_I);
+    // Lets the dialog finish what the last action started.
+    void Settle();
 
     CScopedVirtualClock mClock;
     std::unique_ptr<QTemporaryDir> mSettingsFolder;

@@ -16,8 +16,8 @@ namespace {
 // Pictures of both dialogs for people to look at, under the build folder.
 void ExpectScreenshot(QWidget& widget_I, const std::string& name_I) {
     SaveScreenshot(widget_I, name_I);
-    EXPECT_TRUE(QFileInfo::exists(QStringLiteral(PANELTUNE_SCREENSHOT_DIR) + "/" +
-                                  QString::fromStdString(name_I) + ".png"))
+    EXPECT_TRUE(
+        QFileInfo::exists(ScreenshotFolder() + "/" + QString::fromStdString(name_I) + ".png"))
         << name_I;
 }
 

@@ -23,6 +23,7 @@ protected:
         for (int position : positions_I) {
             slider_I->setSliderPosition(position);
         }
+        Settle();
         if (release_I) {
             slider_I->setSliderDown(false);
         }
@@ -126,7 +127,7 @@ TEST_F(ControlsTest, ClosingRevertsUnsavedChangesAndStoresThePosition) {
     const int before = ScalerValue(0, kBrightness);
     Enter("brightnessEdit", QString::number(before == 30 ? 31 : 30));
     Dialog().move(120, 80);
-    const QPoint where = Dialog().frameGeometry().topLeft();
+    const QPoint where = Dialog().geometry().topLeft();
     QTest::keyClick(&Dialog(), Qt::Key_Escape);
     EXPECT_TRUE(Dialog().Ended());
     EXPECT_EQ(Dialog().Result(), 1);

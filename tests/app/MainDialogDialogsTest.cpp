@@ -8,6 +8,7 @@
 namespace {
 
 constexpr uint8_t kGainBlue = 0x1A;
+constexpr uint8_t kSharpness = 0x87;
 
 // The main dialog with the real advanced and colour dialogs behind its buttons, which it makes
 // when it is given no other maker.
@@ -87,6 +88,41 @@ TEST_F(MainDialogDialogsTest, TheColourDialogAsksTheMainDialogsTooDarkQuestion) 
     EXPECT_TRUE(ran);
     EXPECT_EQ(ScalerValue(0, kGainBlue), blueBefore);
     EXPECT_FALSE(Dialog().Ended());
+}
+
+// Each showing of the advanced dialog takes its snapshot: after a display switch Cancel goes back
+// to the new display's value, not to one from the display before.
+TEST_F(MainDialogDialogsTest, CancelAfterADisplaySwitchRestoresTheShownSharpness) {
+    ASSERT_TRUE(Start("Birch@ftdi,Birch@video"));
+    mPlatform->Display(1).Scaler().SetFromMenu(kSharpness, 2);
+    Find<QPushButton>("advancedButton")->click();
+    QDialog* advanced = Secondary("advancedDialog");
+    ASSERT_NE(advanced, nullptr);
+    Choose("displayCombo", 1);
+    ASSERT_TRUE(advanced->isVisible());
+    auto* sharpness = advanced->findChild<QSlider*>("sharpness");
+    ASSERT_NE(sharpness, nullptr);
+    EXPECT_EQ(sharpness->value(), 2);
+    sharpness->setSliderDown(true);
+    sharpness->setSliderPosition(4);
+    sharpness->setSliderDown(false);
+    advanced->findChild<QPushButton*>("cancel")->click();
+    EXPECT_EQ(ScalerValue(1, kSharpness), 2);
+}
+
+// The two other dialogs stand on the main dialog's lower edge as its rows leave it, whatever
+// rows the family hides.
+TEST_F(MainDialogDialogsTest, SecondaryDialogsLineUpWithTheMainDialogsFinalLowerEdge) {
+    for (const char* description : {"FirSmall@ftdi", "ElmLarge@video", "Aspen@serial"}) {
+        SCOPED_TRACE(description);
+        mDialog.reset();
+        ASSERT_TRUE(Start(description));
+        Find<QPushButton>("advancedButton")->click();
+        QDialog* advanced = Secondary("advancedDialog");
+        ASSERT_NE(advanced, nullptr);
+        EXPECT_EQ(advanced->geometry().bottom(), Dialog().geometry().bottom());
+        EXPECT_EQ(advanced->geometry().left(), Dialog().geometry().right() + 1 + 20);
+    }
 }
 
 } // namespace

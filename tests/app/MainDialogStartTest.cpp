@@ -2,7 +2,10 @@
 
 #include "resources/LanguageTable.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QScreen>
+#include <QtTest/QTest>
 
 namespace {
 
@@ -168,32 +171,41 @@ TEST_F(DialogTest, EveryLanguageFitsItsTexts) {
     }
 }
 
+// The second start asks before it looks for displays, and brings a minimised first window back.
 TEST_F(DialogTest, SecondStartRaisesTheFirstAndEndsWithZero) {
     ASSERT_TRUE(Start("Birch@ftdi"));
+    EXPECT_TRUE(QFileInfo::exists(
+        QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).filePath(Dialog().InstanceName())));
+    Dialog().showMinimized();
     SMainDialogEnvironment environment{mPlatform, {}, Dialog().InstanceName()};
     CTestMainDialog second(SDisplayConfigOptions{}, environment);
     EXPECT_FALSE(second.OnInitDialog());
     EXPECT_TRUE(second.Ended());
     EXPECT_EQ(second.Result(), 0);
     EXPECT_EQ(second.mWaitWindowsShown, 0);
+    EXPECT_EQ(second.DisplayConfigIF(), nullptr);
     EXPECT_FALSE(Dialog().Ended());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !Dialog().isMinimized(); }));
 }
 
 struct SPositionCase {
     bool stored;
     int x;
     int y;
-    QPoint expected;
+    bool keptAsStored;
 };
 
-TEST_F(DialogTest, StoredPositionIsUsedOnlyInsideTheVirtualScreen) {
-    const QRect virtualScreen = TestApplication().primaryScreen()->virtualGeometry();
+// A stored point comes back as the same point while the window shows on a screen; any other
+// start puts the whole frame, title bar included, in the work area. Closing stores the point the
+// next start restores.
+TEST_F(DialogTest, StoredPositionComesBackAndKeepsTheWindowOnScreen) {
+    const QRect work = TestApplication().primaryScreen()->availableGeometry();
     const SPositionCase cases[] = {
-        {false, 0, 0, QPoint(0, 0)},
-        {true, virtualScreen.left() + 40, virtualScreen.top() + 30,
-         virtualScreen.topLeft() + QPoint(40, 30)},
-        {true, virtualScreen.right() + 100, 10, QPoint(0, 0)},
-        {true, 10, virtualScreen.top() - 5000, QPoint(0, 0)},
+        {false, 0, 0, false},
+        {true, work.left() + 40, work.top() + 30, true},
+        {true, work.right() + 100, 10, false},
+        {true, 10, work.top() - 5000, false},
+        {true, 0, 0, false},
     };
     for (const SPositionCase& c : cases) {
         mDialog.reset();
@@ -205,7 +217,15 @@ TEST_F(DialogTest, StoredPositionIsUsedOnlyInsideTheVirtualScreen) {
         }
         settings.sync();
         ASSERT_TRUE(Start("Birch@ftdi"));
-        EXPECT_EQ(Dialog().pos(), c.expected) << c.x << "," << c.y;
+        const QPoint shown = Dialog().geometry().topLeft();
+        if (c.keptAsStored) {
+            EXPECT_EQ(shown, QPoint(c.x, c.y));
+        }
+        EXPECT_TRUE(work.contains(Dialog().frameGeometry())) << c.x << "," << c.y;
+        QTest::keyClick(&Dialog(), Qt::Key_Escape);
+        mDialog.reset();
+        ASSERT_TRUE(Start("Birch@ftdi"));
+        EXPECT_EQ(Dialog().geometry().topLeft(), shown) << c.x << "," << c.y;
     }
 }
 

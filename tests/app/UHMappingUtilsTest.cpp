@@ -102,11 +102,18 @@ TEST_F(UHMappingUtilsTest, MissingServerFallsBackToTheInstalledCopy) {
               QFileDevice::Permissions());
 }
 
-TEST_F(UHMappingUtilsTest, MissingLocalPageFallsBackToTheOfflinePage) {
+TEST_F(UHMappingUtilsTest, MissingLocalPageFallsBackToTheOfflinePageOrToNothing) {
     QtUHMappingUtils utils = Utils(false);
+    // No server and nothing installed: no page, so the caller can say so.
+    EXPECT_EQ(utils.BuildUrl("ja", "PDX-2700E", "OSD"), "");
+    EXPECT_TRUE(QDir(mTemp.path()).isEmpty());
+
+    Install("ja_offline.htm");
     const std::string page = utils.BuildUrl("ja", "PDX-2700E", "OSD");
     EXPECT_EQ(ReadFile(page), "<html><head><meta http-equiv=\"refresh\" content=\"0;URL=" +
                                   LocalRoot() + "ja_offline.htm\"></head></html>");
+    RemoveRedirectPages();
+    EXPECT_TRUE(QDir(mTemp.path()).isEmpty());
 }
 
 TEST_F(UHMappingUtilsTest, OpenHelpOpensTheBuiltAddressOrNothing) {
