@@ -6,10 +6,9 @@
 #include "foundation/StringUtilities.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
-#include "model/CEdidBuilder.h"
+#include "model/ModelTable.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 
 namespace {
@@ -41,27 +40,6 @@ constexpr size_t kShortestFragment = 6;
 constexpr int kKestrelChunks = 16;
 constexpr size_t kKestrelReplySize = 19;
 constexpr size_t kKestrelHeader = 2;
-
-using namespace TabletId;
-
-// Models whose scaler has no EDID to give on this channel.
-constexpr std::array<uint32_t, 5> kNoEdidTablets = {
-    kVendor | 0x0390, kVendor | 0x03AE, kVendor | 0x0391, kVendor | 0x0396, kVendor | 0x03B0};
-
-// The Kestrel24 family, whose EDID comes through an indexed read of 0xF2.
-constexpr std::array<uint32_t, 19> kKestrel24Tablets = {
-    kVendor | 0x034D, kVendor | 0x034A, kVendor | 0x0398, kVendor | 0x039A, kVendor | 0x034E,
-    kVendor | 0x03AA, kVendor | 0x034B, kVendor | 0x03AC, kVendor | 0x0399, kVendor | 0x039B,
-    kVendor | 0x034F, kVendor | 0x0353, kVendor | 0x0350, kVendor | 0x0354, kVendor | 0x037C,
-    kVendor | 0x0351, kVendor | 0x0355, kVendor | 0x0352, kVendor | 0x0356};
-
-// Models whose empty EDID answer is worth a warning.
-constexpr std::array<uint32_t, 2> kEdidWarnTablets = {kVendor | 0x0351, kVendor | 0x0355};
-
-template <size_t N>
-bool Contains(const std::array<uint32_t, N>& list_I, uint32_t sid_I) {
-    return std::find(list_I.begin(), list_I.end(), sid_I) != list_I.end();
-}
 
 bool StartsWith(const ByteVector& bytes_I, std::initializer_list<uint8_t> prefix_I) {
     return bytes_I.size() >= prefix_I.size() &&
@@ -301,11 +279,12 @@ std::string CI2CConnectorFTDI::SerialNumber(uint32_t sid_I) {
 }
 
 ByteVector CI2CConnectorFTDI::ReadEDID(uint32_t sid_I) {
-    if (Contains(kNoEdidTablets, sid_I)) {
+    const EFtdiEdid method = FtdiEdidOfTablet(sid_I);
+    if (method == EFtdiEdid::eNone) {
         Trace("CI2CConnectorFTDI::ReadEDID - skipping for sid_I 0x%X\n", sid_I);
         return {};
     }
-    if (sid_I == kNoTabletId || Contains(kKestrel24Tablets, sid_I)) {
+    if (method == EFtdiEdid::eIndexed || method == EFtdiEdid::eIndexedWarnsEmpty) {
         ByteVector edid = ReadEDIDKestrel24();
         if (!edid.empty()) {
             return edid;
@@ -330,7 +309,7 @@ ByteVector CI2CConnectorFTDI::ReadEDIDFragments(uint32_t sid_I) {
         bool ended = false;
         if (inBuffer.empty()) {
             ended = true;
-            if (Contains(kEdidWarnTablets, sid_I)) {
+            if (FtdiEdidOfTablet(sid_I) == EFtdiEdid::eIndexedWarnsEmpty) {
                 VRX_ASSERT_NOT_REACHED("WARNING - unexpected EDID response");
                 Trace("CI2CConnectorFTDI::ReadEDID: WARNING - unexpected EDID response for sid: "
                       "0x%X\n",

@@ -1,11 +1,11 @@
 #include "discovery/CDisplayConfigInterface.h"
 
 #include "discovery/CMonitorConnectorDP.h"
-#include "discovery/ChannelGroups.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"
 #include "model/CEdidBuilder.h"
+#include "model/ModelTable.h"
 #include "model/UiDisplayDelegate.h"
 
 #include <cstdio>

@@ -1,11 +1,11 @@
 // Building and initialising a display object on a proven channel.
 
 #include "discovery/CDisplayConfigInterface.h"
-#include "discovery/ChannelGroups.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
+#include "model/ModelTable.h"
 #include "model/UiDisplayDelegate.h"
 
 #include <algorithm>
