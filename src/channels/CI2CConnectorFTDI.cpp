@@ -1,6 +1,7 @@
 #include "channels/CI2CConnectorFTDI.h"
 
 #include "channels/ChannelFrames.h"
+#include "ddc/ReplyFrames.h"
 #include "ddc/VcpCodes.h"
 #include "foundation/HexDump.h"
 #include "foundation/StringUtilities.h"
@@ -22,29 +23,19 @@ constexpr int kRetries = 1;
 constexpr double kFirmwareDelayS = 0.07;
 constexpr unsigned kFirmwareExpectedSize = 38;
 constexpr uint32_t kFirmwareRetryMs = 50;
-constexpr size_t kFirmwareReplySize = 10;
 
 constexpr double kInformationDelayS = 0.01;
 constexpr unsigned kInformationExpectedSize = 64;
 constexpr uint32_t kInformationRetryMs = 1000;
-constexpr size_t kNameAt = 17;
-constexpr size_t kSerialAt = 30;
-constexpr size_t kTextSize = 13;
 
 constexpr double kEdidDelayS = 0.05;
 constexpr unsigned kEdidExpectedSize = 37;
 constexpr size_t kEdidReserve = 1024;
 constexpr uint8_t kEdidTable = 0xC3;
-constexpr size_t kFragmentHeader = 5;
 constexpr size_t kShortestFragment = 6;
 constexpr int kKestrelChunks = 16;
 constexpr size_t kKestrelReplySize = 19;
 constexpr size_t kKestrelHeader = 2;
-
-bool StartsWith(const ByteVector& bytes_I, std::initializer_list<uint8_t> prefix_I) {
-    return bytes_I.size() >= prefix_I.size() &&
-           std::equal(prefix_I.begin(), prefix_I.end(), bytes_I.begin());
-}
 
 bool IsNullMessage(const ByteVector& reply_I) {
     return reply_I.size() == 3 && StartsWith(reply_I, {0x6E, 0x80});
@@ -186,14 +177,8 @@ FileVersion CI2CConnectorFTDI::FWVersion() {
     if (!inBuffer.empty()) {
         DropFirmwareCheckByte(inBuffer);
     }
-    if (inBuffer.size() < kFirmwareReplySize) {
-        if (inBuffer.size() < 2) {
-            Trace("Send request failed");
-        } else if (StartsWith(inBuffer, {0x6E, 0x80})) {
-            Trace("Send request no data");
-        } else {
-            Trace("Send request unknown response");
-        }
+    if (inBuffer.size() < kFeatureReplySize) {
+        Trace("%s", ShortReplyFault(inBuffer));
         return {};
     }
     return FirmwareFromFeatureReply(inBuffer);
@@ -250,8 +235,7 @@ std::string CI2CConnectorFTDI::MonitorName() {
     std::string name = Connector::MonitorName();
     if (name.empty() && FillDisplayInformation()) {
         VRX_ASSERT(mRawDisplayInformation.size() == kDisplayInformationFrameSize);
-        name.assign(mRawDisplayInformation.begin() + kNameAt,
-                    mRawDisplayInformation.begin() + kNameAt + kTextSize);
+        name = InformationText(mRawDisplayInformation, EInformationText::eName).value_or("");
     }
     return name;
 }
@@ -267,8 +251,7 @@ std::string CI2CConnectorFTDI::SerialNumber(uint32_t sid_I) {
         }
         if (!mRawDisplayInformation.empty()) {
             VRX_ASSERT(mRawDisplayInformation.size() == kDisplayInformationFrameSize);
-            text.assign(mRawDisplayInformation.begin() + kSerialAt,
-                        mRawDisplayInformation.begin() + kSerialAt + kTextSize);
+            text = InformationText(mRawDisplayInformation, EInformationText::eSerial).value_or("");
         } else {
             VRX_ASSERT_NOT_REACHED("!!!!! ReadDisplayInformation FAILED 2 attempts");
         }
@@ -328,8 +311,7 @@ ByteVector CI2CConnectorFTDI::ReadEDIDFragments(uint32_t sid_I) {
             Trace("ReadEDID: no data found!\n");
             return edid;
         }
-        if ((inBuffer[1] & 0x7F) == 3 && inBuffer[3] == (offset >> 8) &&
-            inBuffer[4] == (offset & 0xFF)) {
+        if (ParseFragment(inBuffer)->EndsAt(offset)) {
             return edid;
         }
         if (Checksum(inBuffer, kReplySeed) != 0) {

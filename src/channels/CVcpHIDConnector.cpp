@@ -1,5 +1,6 @@
 #include "channels/CVcpHIDConnector.h"
 
+#include "ddc/ReplyFrames.h"
 #include "ddc/VcpCodes.h"
 #include "foundation/HexDump.h"
 #include "foundation/TimeSeam.h"
@@ -17,21 +18,15 @@ constexpr int kKindWrite = 0x02;
 constexpr int kKindRead = 0x03;
 
 // Status byte values that say the firmware is not done yet.
-constexpr size_t kStatusAt = 4;
 constexpr uint8_t kStatusBusy = 0x01;
 constexpr uint8_t kStatusPending = 0x05;
 constexpr int kPollLimit = 5;
 constexpr uint32_t kPollIntervalMs = 100;
 
-// The reply frame lies in the status report from byte 6 on.
-constexpr size_t kReplyLengthAt = 7;
-constexpr size_t kFragmentAt = 9;
-constexpr size_t kMaximumLowAt = 13;
-constexpr size_t kMinorAt = 14;
-constexpr size_t kCurrentLowAt = 15;
-constexpr size_t kNameAt = 23;
-constexpr size_t kSerialAt = 36;
-constexpr size_t kInformationText = 13;
+// A capability reply frame: 6E (80|n) E3 offset-high offset-low text...; n counts the opcode,
+// the offset and the text.
+constexpr size_t kShortestCapabilityFrame = 3;
+constexpr size_t kCapabilityTextAt = 5;
 
 } // namespace
 
@@ -139,8 +134,8 @@ ByteVector CVcpHIDConnector::SubmitRequest(const ByteVector& cmdbuf_I, int kind_
     for (int counter = 1;;) {
         result = GetStatus();
         VRX_ASSERT(result.size() >= 4);
-        if (result.size() > kStatusAt && result[kStatusAt] != kStatusBusy &&
-            result[kStatusAt] != kStatusPending) {
+        const std::optional<uint8_t> status = ParseHidStatus(result).status;
+        if (status && *status != kStatusBusy && *status != kStatusPending) {
             break;
         }
         SleepMs(kPollIntervalMs);
@@ -169,13 +164,14 @@ ByteVector CVcpHIDConnector::SendRequest(const ByteVector& toSend_I, double /*de
     switch (operation) {
     case ddcCC_GetVCPFeatureRequest: {
         const ByteVector report = SubmitRequest(toSend_I, kKindRead);
-        // The current value's low byte is the last one used.
-        if (report.size() <= kCurrentLowAt) {
+        // Only the low bytes of the present value and the maximum are passed on.
+        const std::optional<SFeatureReply> values = ParseHidStatus(report).FeatureValues();
+        if (!values) {
             Trace("CVcpHIDConnector::SendRequest - GetRequest failed\n");
             return {};
         }
-        return BuildSimulatedResponse(operation, code, report[kCurrentLowAt],
-                                      report[kMaximumLowAt]);
+        return BuildSimulatedResponse(operation, code, values->present & 0xFF,
+                                      values->maximum & 0xFF);
     }
     case ddcCC_SetVCPFeatureRequest:
     case ddcCC_SaveCurrentSettingsRequest:
@@ -203,22 +199,23 @@ std::string CVcpHIDConnector::CapabilitiesString() {
             BuildCommand(ddcCC_CapabilitiesRequest, 0, static_cast<uint8_t>(offset >> 8),
                          static_cast<uint8_t>(offset & 0xFF));
         const ByteVector report = SubmitRequest(frame, kKindRead);
-        // A report too short to hold a length byte, or a length byte of 0, has no fragment:
-        // the text ends with what has come.
-        if (report.size() < kFragmentAt || (report[kReplyLengthAt] & 0x7F) == 0) {
+        const std::span<const uint8_t> reply = ParseHidStatus(report).frame;
+        // A frame too short to hold a length byte, or a length byte of 0, has no fragment: the
+        // text ends with what has come.
+        if (reply.size() < kShortestCapabilityFrame || (reply[1] & 0x7F) == 0) {
             break;
         }
-        const size_t n = (report[kReplyLengthAt] & 0x7F) - 1u;
+        const size_t n = (reply[1] & 0x7F) - 1u;
         // Two bytes of offset echo and no text: the scaler has sent all.
         if (n <= 2) {
             break;
         }
-        const size_t end = std::min(report.size(), kFragmentAt + n);
-        const auto fragment = report.begin() + kFragmentAt + 2;
-        if (fragment >= report.begin() + end) {
+        const auto end = reply.begin() + static_cast<long>(std::min(reply.size(), 3 + n));
+        const auto fragment = reply.begin() + kCapabilityTextAt;
+        if (fragment >= end) {
             break;
         }
-        text.append(fragment, std::find(fragment, report.begin() + end, 0));
+        text.append(fragment, std::find(fragment, end, 0));
         offset = static_cast<uint16_t>(offset + n - 2);
     }
     mCapabilities = text;
@@ -233,33 +230,32 @@ FileVersion CVcpHIDConnector::FWVersion() {
         BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayFirmwareLevel, 0, 0);
     const ByteVector report = SubmitRequest(frame, kKindRead);
     VRX_ASSERT(report.size() >= 15);
-    if (report.size() <= kCurrentLowAt || report[0] == 0) {
+    const std::optional<SFeatureReply> values = ParseHidStatus(report).FeatureValues();
+    if (!values || report[0] == 0) {
         Trace("FWVersion - failed\n");
         return {};
     }
-    mFirmwareVersion = FileVersion(report[kMaximumLowAt], report[kMinorAt], report[kCurrentLowAt],
-                                   FileVersion::EFinalVersion, 0);
+    // Major, minor and build stand in the low byte of the maximum and the present value.
+    mFirmwareVersion = FileVersion(values->maximum & 0xFF, values->present >> 8,
+                                   values->present & 0xFF, FileVersion::EFinalVersion, 0);
     return mFirmwareVersion;
 }
 
-std::string CVcpHIDConnector::ReadInformationText(size_t at_I, const char* failure_I) {
+std::string CVcpHIDConnector::ReadInformationText(EInformationText text_I, const char* failure_I) {
     const ByteVector frame = BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0, 0);
     const ByteVector report = SubmitRequest(frame, kKindRead);
     if (report.empty()) {
         Trace("%s", failure_I);
         return {};
     }
-    VRX_ASSERT(report.size() >= at_I + kInformationText);
-    if (report.size() < at_I + kInformationText) {
-        return {};
-    }
-    return std::string(report.begin() + static_cast<long>(at_I),
-                       report.begin() + static_cast<long>(at_I + kInformationText));
+    const std::optional<std::string> text = InformationText(ParseHidStatus(report).frame, text_I);
+    VRX_ASSERT(text.has_value());
+    return text.value_or(std::string());
 }
 
 std::string CVcpHIDConnector::MonitorName() {
     if (mMonitorName.empty()) {
-        mMonitorName = ReadInformationText(kNameAt, "MonitorName - failed\n");
+        mMonitorName = ReadInformationText(EInformationText::eName, "MonitorName - failed\n");
     }
     Trace("CVcpHIDConnector::MonitorName: %s\n", mMonitorName.c_str());
     return mMonitorName;
@@ -267,7 +263,7 @@ std::string CVcpHIDConnector::MonitorName() {
 
 std::string CVcpHIDConnector::SerialNumber(uint32_t /*sid_I*/) {
     if (mSerialNumber.empty()) {
-        mSerialNumber = ReadInformationText(kSerialAt, "SerialNumber - failed\n");
+        mSerialNumber = ReadInformationText(EInformationText::eSerial, "SerialNumber - failed\n");
     }
     Trace("CVcpHIDConnector::SerialNumber: %s\n", mSerialNumber.c_str());
     return mSerialNumber;
