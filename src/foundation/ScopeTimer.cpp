@@ -15,7 +15,7 @@ CScopeTimer::CScopeTimer(const std::string& name)
 
 CScopeTimer::~CScopeTimer() {
     if (!mReported) {
-        Trace("%s\n", Report().c_str());
+        TraceDebug("%s\n", Report().c_str());
     }
 }
 
