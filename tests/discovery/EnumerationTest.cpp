@@ -40,11 +40,6 @@ TEST(EdidDescriptor, FindsTheTextBehindTheFirstTag) {
     };
     const SRow rows[] = {
         {TestEdid("SN12345", "PDX-2700"), "SN12345"},
-        // The line feed of an EDID text is unprintable and ends the copy; blanks are stripped.
-        {WithText(Bytes({0, 0xFF, 0}), "AB12  \n    "), "AB12"},
-        // Thirteen characters with no line feed run on to the next zero byte.
-        {WithText(WithText(Bytes({0, 0xFF, 0}), "ABCDEFGHIJKLM"), std::string("\0\0\0\xFC", 4)),
-         "ABCDEFGHIJKLM"},
         // A tag inside a timing block ends the search there, whatever follows.
         {WithText(Bytes({1, 0, 0xFF, 0, 0x05, 0, 0, 0, 0xFF, 0}), "REAL"), ""},
         {WithText(Bytes({0, 0xFF, 0, 0x7F}), "X"), ""},
@@ -78,16 +73,6 @@ TEST(LookupByEDID, MapsAShortNameToItsTablet) {
         EXPECT_EQ(CDisplayConfigInterface::LookupByEDID(row.shortName), row.tablet)
             << row.shortName;
         EXPECT_TRUE(trace.Contains(row.line)) << trace.Lines();
-    }
-}
-
-TEST(IsVcpHIDTablet, HoldsForTheModelsWithTheVendorChannel) {
-    CEdidBuilder::Instance();
-    for (uint16_t edid : {0x1070, 0x1071, 0x1072}) {
-        EXPECT_TRUE(CDisplayConfigInterface::IsVcpHIDTablet(edid)) << edid;
-    }
-    for (uint16_t edid : {0x1044, 0x1065, 0x1066, 0x0000}) {
-        EXPECT_FALSE(CDisplayConfigInterface::IsVcpHIDTablet(edid)) << edid;
     }
 }
 

@@ -1,6 +1,5 @@
 #include "model/ModelTable.h"
 #include "ddc/Connector.h"
-#include "model/CEdidBuilder.h"
 #include "sim/SimModelTable.h"
 
 #include <gtest/gtest.h>
@@ -33,38 +32,19 @@ TEST(ModelTable, TheSimulatorSimulatesExactlyTheTablesModels) {
     }
 }
 
-TEST(ModelTable, ChannelGroupsAndFtdiEdidWays) {
-    EXPECT_TRUE(IsInChannelGroup(EChannelGroup::eHid, 0x1070));
-    EXPECT_TRUE(IsInChannelGroup(EChannelGroup::eFtdi, 0x1070));
-    EXPECT_FALSE(IsInChannelGroup(EChannelGroup::eTi, 0x1070));
-    // FirLarge stands in the EDID map but in no channel group.
-    ASSERT_NE(CEdidBuilder::TabletForEdid(0x1065), CEdidBuilder::kNoTablet);
-    for (const EChannelGroup group :
-         {EChannelGroup::eSerial, EChannelGroup::eFtdi, EChannelGroup::eTi, EChannelGroup::eHid,
-          EChannelGroup::eBuiltIn}) {
-        EXPECT_FALSE(IsInChannelGroup(group, 0x1065));
-        EXPECT_FALSE(IsInChannelGroup(group, 0x1234));
-        EXPECT_FALSE(IsInChannelGroup(group, 0));
-    }
-
-    const struct {
-        uint32_t tabletId;
-        EFtdiEdid way;
-    } ways[] = {
+// The connector tests follow the models' ways through the simulator; these are the tablets it
+// has no display for.
+TEST(ModelTable, FtdiEdidWaysOfTabletsWithoutAModelRow) {
+    const std::pair<uint32_t, EFtdiEdid> ways[] = {
         {kNoTabletId, EFtdiEdid::eIndexed},
-        {TabletId::Birch, EFtdiEdid::eFragments},
-        {TabletId::ElmLarge, EFtdiEdid::eIndexed},
-        {TabletId::ElmLargeTouch, EFtdiEdid::eIndexedWarnsEmpty},
         {TabletId::kVendor | 0x0355, EFtdiEdid::eIndexedWarnsEmpty},
         {TabletId::kVendor | 0x034A, EFtdiEdid::eIndexed},
-        {TabletId::FirSmallLiteTwo, EFtdiEdid::eNone},
-        {TabletId::FirLarge, EFtdiEdid::eNone},
         {TabletId::kVendor | 0x9999, EFtdiEdid::eFragments},
-        // Another vendor's product id that is a model's.
+        // A model's product id under another vendor.
         {0x12340390u, EFtdiEdid::eFragments},
     };
-    for (const auto& w : ways) {
-        EXPECT_EQ(FtdiEdidOfTablet(w.tabletId), w.way) << std::hex << w.tabletId;
+    for (const auto& [tabletId, way] : ways) {
+        EXPECT_EQ(FtdiEdidOfTablet(tabletId), way) << std::hex << tabletId;
     }
 }
 
