@@ -62,6 +62,7 @@ TEST(WaitHandle, SecondsBecomeTruncatedMilliseconds) {
 }
 
 TEST(WaitHandle, ThreadSignalsWhenItsRoutineEnds) {
+    const CDebugLinesOn debug;
     CTraceCapture capture;
     SGate gate;
     CSignalThread thread;
