@@ -21,7 +21,8 @@ CScopeTimer::~CScopeTimer() {
 
 std::string CScopeTimer::Report() {
     const int64_t now = MonotonicNs();
-    const double elapsed = static_cast<double>(now - mStart) * 1000.0 / mFrequency;
+    const double elapsed =
+        static_cast<double>(now - mStart) * 1000.0 / static_cast<double>(mFrequency);
     mReported = true;
     std::ostringstream line;
     line << mLabel << ", = " << elapsed << " ms";
