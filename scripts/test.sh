@@ -22,3 +22,5 @@ done
 
 echo "== fuzzing"
 bash "$top/scripts/fuzz.sh"
+
+bash "$top/scripts/test-ratio.sh"

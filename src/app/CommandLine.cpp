@@ -11,7 +11,8 @@ const wchar_t* const kHelpTitle = L"PanelTune Options";
 
 namespace {
 
-// /language and /exitOnError stay out of the box on purpose; /simulate is for developers.
+// /language, /exitOnError and /refresh stay out of the box on purpose; /simulate is for
+// developers.
 constexpr std::array<const wchar_t*, 6> kHelpLines{
     L"/hidPort - use only a HID channel",
     L"/displayPort - use only a video display channel",
@@ -73,6 +74,8 @@ SCommandLine ParseCommandLine(const std::wstring& commandLine_I) {
     SearchLanguage(commandLine_I, result.options);
     result.options.skipSerialMatch = Found(commandLine_I, L"/skipSerialMatch");
     result.options.exitOnError = Found(commandLine_I, L"/exitOnError");
+    // Reads the displays in full instead of trusting their kept facts.
+    result.options.refreshFacts = Found(commandLine_I, L"/refresh");
     result.options.connectionMode = SearchConnectionMode(commandLine_I);
     if (Found(commandLine_I, L"/debug")) {
         gTraceEnabled = true;

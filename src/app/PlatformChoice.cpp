@@ -1,5 +1,6 @@
 #include "app/PlatformChoice.h"
 
+#include "platform/linux/CDisplayFactsFiles.h"
 #include "platform/linux/CLinuxPlatform.h"
 #include "platform/sim/CSimulatedPlatform.h"
 
@@ -12,4 +13,12 @@ std::shared_ptr<IDisplayPlatform> MakePlatform(const SCommandLine& commandLine_I
                                         ? std::string(CSimulatedPlatform::kDefaultDescription)
                                         : commandLine_I.simulation;
     return CSimulatedPlatform::FromDescription(description, message_O);
+}
+
+std::shared_ptr<IDisplayFactsStore> MakeFactsStore(const SCommandLine& commandLine_I) {
+    std::filesystem::path folder = CDisplayFactsFiles::UserFolder();
+    if (commandLine_I.simulate && !folder.empty()) {
+        folder /= "simulated";
+    }
+    return std::make_shared<CDisplayFactsFiles>(folder);
 }

@@ -30,6 +30,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "paneltune: %s\n", message.c_str());
         return 0;
     }
-    CMainDialog dialog(commandLine.options, {platform, {}, {}});
+    SDisplayConfigOptions options = commandLine.options;
+    options.factsStore = MakeFactsStore(commandLine);
+    CMainDialog dialog(options, {platform, {}, {}});
     return dialog.Run();
 }

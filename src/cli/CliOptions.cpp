@@ -70,6 +70,7 @@ enum class EOption {
     eSkipSerialMatch,
     eExitOnError,
     eMode,
+    eRefresh,
 };
 
 struct SOptionName {
@@ -94,6 +95,7 @@ constexpr SOptionName kOptions[] = {
     {"skip-serial-match", 0, EOption::eSkipSerialMatch, false},
     {"exit-on-error", 0, EOption::eExitOnError, false},
     {"mode", 0, EOption::eMode, true},
+    {"refresh", 0, EOption::eRefresh, false},
 };
 
 class CParser {
@@ -237,6 +239,9 @@ private:
         case EOption::eExitOnError:
             options.exitOnError = true;
             break;
+        case EOption::eRefresh:
+            options.refresh = true;
+            break;
         case EOption::eLanguage:
             options.language = *value_I;
             break;
@@ -333,6 +338,9 @@ SDisplayConfigOptions MakeDisplayConfigOptions(const SCliOptions& options_I) {
             config.language = chosen;
         }
     }
+    // The command line changes a display's menu language only when told to.
+    config.setOsdLanguage = !options_I.language.empty();
+    config.refreshFacts = options_I.refresh;
     config.skipSerialMatch = options_I.skipSerialMatch;
     config.exitOnError = options_I.exitOnError;
     config.connectionMode = options_I.connectionMode;
@@ -356,7 +364,10 @@ std::string CliUsageText() {
            "      --mode MODE          channels to use: hid, video, ftdi or all (default)\n"
            "      --skip-serial-match  pair monitors and channels without serial numbers\n"
            "      --exit-on-error      stop discovery at the first display that fails\n"
-           "      --language TAG       language of the names read from the resources\n"
+           "      --language TAG       language of the names read from the resources, and of\n"
+           "                           the menus of the displays that follow the program's\n"
+           "      --refresh            read every display in full instead of trusting the\n"
+           "                           facts kept in ~/.cache/paneltune\n"
            "      --debug              print trace lines on standard error\n"
            "  -h, --help               show this help, or a command's with COMMAND --help\n"
            "      --version            show the version\n\n"

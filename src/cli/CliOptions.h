@@ -70,6 +70,8 @@ struct SCliOptions {
     std::string language;
     bool skipSerialMatch = false;
     bool exitOnError = false;
+    // Reads every display in full and renews the kept facts.
+    bool refresh = false;
     SConnectionMode connectionMode = eConnectionMode_All;
 };
 

@@ -3,8 +3,22 @@
 #include "platform/sim/CSimulatedPlatform.h"
 
 #ifdef PANELTUNE_HAVE_LINUX_PLATFORM
+#include "platform/linux/CDisplayFactsFiles.h"
 #include "platform/linux/CLinuxPlatform.h"
 #endif
+
+std::shared_ptr<IDisplayFactsStore> MakeCliFactsStore(const SCliOptions& options_I) {
+#ifdef PANELTUNE_HAVE_LINUX_PLATFORM
+    std::filesystem::path folder = CDisplayFactsFiles::UserFolder();
+    if (options_I.simulate && !folder.empty()) {
+        folder /= "simulated";
+    }
+    return std::make_shared<CDisplayFactsFiles>(folder);
+#else
+    (void)options_I;
+    return nullptr;
+#endif
+}
 
 std::shared_ptr<IDisplayPlatform> MakeCliPlatform(const SCliOptions& options_I,
                                                   std::string& error_O) {

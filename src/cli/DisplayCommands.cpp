@@ -89,9 +89,11 @@ bool ParseVcpValue(std::string_view text_I, int32_t& value_O) {
 
 class CDisplayCommands {
 public:
-    CDisplayCommands(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I)
+    CDisplayCommands(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I,
+                     std::shared_ptr<IDisplayFactsStore> factsStore_I)
         : mContext(context_I), mOptions(context_I.options),
-          mConfig(MakeDisplayConfigOptions(context_I.options), std::move(platform_I)) {}
+          mConfig(ConfigOptions(context_I.options, std::move(factsStore_I)),
+                  std::move(platform_I)) {}
 
     int Run() {
         if (mOptions.command == ECliCommand::eList) {
@@ -126,6 +128,13 @@ public:
     }
 
 private:
+    static SDisplayConfigOptions ConfigOptions(const SCliOptions& options_I,
+                                               std::shared_ptr<IDisplayFactsStore> factsStore_I) {
+        SDisplayConfigOptions config = MakeDisplayConfigOptions(options_I);
+        config.factsStore = std::move(factsStore_I);
+        return config;
+    }
+
     int NoDisplay() const {
         return mContext.Fail(eCliExit_NotOffered, mConfig.LastError().empty()
                                                       ? "no display found"
@@ -199,19 +208,30 @@ private:
         std::string error; // a communication failure while reading
     };
 
-    SReading Read(const SSettingRow& row_I) {
-        SReading reading{&row_I, row_I.status(*mDisplay), {}, {}};
-        if (reading.state.visible) {
-            ClearOptionErrors(*mDisplay);
+    // valueFirst_I reads the value before the status, which then finds it in memory: one read
+    // fewer for the levels that the getter reads afresh. It costs a read only for a row that
+    // turns out hidden, so it suits one named setting, not all of them.
+    SReading Read(const SSettingRow& row_I, bool valueFirst_I) {
+        SReading reading{&row_I, {}, {}, {}};
+        ClearOptionErrors(*mDisplay);
+        if (valueFirst_I) {
             reading.value = row_I.get(*mDisplay);
-            if (!reading.value.valid) {
-                reading.error = OptionError(*mDisplay);
+            reading.error = reading.value.valid ? std::string() : OptionError(*mDisplay);
+            reading.state = row_I.status(*mDisplay);
+        } else {
+            reading.state = row_I.status(*mDisplay);
+            if (reading.state.visible) {
+                ClearOptionErrors(*mDisplay);
+                reading.value = row_I.get(*mDisplay);
+                reading.error = reading.value.valid ? std::string() : OptionError(*mDisplay);
             }
-            // A colour slot whose codes the display lacks reads as not valid with no error.
-            if (row_I.kind == ESettingKind::eColor && !reading.value.valid &&
-                reading.error.empty()) {
-                reading.state = {};
-            }
+        }
+        if (!reading.state.visible) {
+            return {&row_I, {}, {}, {}};
+        }
+        // A colour slot whose codes the display lacks reads as not valid with no error.
+        if (row_I.kind == ESettingKind::eColor && !reading.value.valid && reading.error.empty()) {
+            reading.state = {};
         }
         return reading;
     }
@@ -276,14 +296,14 @@ private:
         std::vector<SReading> readings;
         if (ToLower(name) == "all") {
             for (const SSettingRow& row : SettingsTable()) {
-                readings.push_back(Read(row));
+                readings.push_back(Read(row, false));
             }
         } else {
             const SSettingRow* row = FindSetting(name);
             if (!row) {
                 return mContext.Fail(eCliExit_Usage, "unknown setting '" + name + "'");
             }
-            readings.push_back(Read(*row));
+            readings.push_back(Read(*row, true));
             if (!readings[0].state.visible) {
                 return NotOffered(*row);
             }
@@ -320,7 +340,7 @@ private:
         if (!row) {
             return mContext.Fail(eCliExit_Usage, "unknown setting '" + mOptions.operands[0] + "'");
         }
-        const SReading reading = Read(*row);
+        const SReading reading = Read(*row, true);
         if (!reading.state.visible) {
             return NotOffered(*row);
         }
@@ -553,6 +573,7 @@ private:
 
 } // namespace
 
-int RunDisplayCommand(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I) {
-    return CDisplayCommands(context_I, std::move(platform_I)).Run();
+int RunDisplayCommand(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I,
+                      std::shared_ptr<IDisplayFactsStore> factsStore_I) {
+    return CDisplayCommands(context_I, std::move(platform_I), std::move(factsStore_I)).Run();
 }

@@ -3,8 +3,11 @@
 // that --display selects.
 
 #include "cli/CliContext.h"
+#include "discovery/DisplayFacts.h"
 #include "discovery/IDisplayPlatform.h"
 
 #include <memory>
 
-int RunDisplayCommand(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I);
+// Discovery keeps and trusts the displays' lasting facts in factsStore_I, when there is one.
+int RunDisplayCommand(const SCliContext& context_I, std::shared_ptr<IDisplayPlatform> platform_I,
+                      std::shared_ptr<IDisplayFactsStore> factsStore_I);

@@ -61,7 +61,7 @@ int RunCommand(const SCliContext& context_I, const CliPlatformFactory& factory_I
         return context_I.Fail(context_I.options.simulate ? eCliExit_Usage : eCliExit_NotOffered,
                               error);
     }
-    return RunDisplayCommand(context_I, std::move(platform));
+    return RunDisplayCommand(context_I, std::move(platform), MakeCliFactsStore(context_I.options));
 }
 
 } // namespace

@@ -28,7 +28,9 @@ CDisplayConfigInterface::CDisplayConfigInterface(const SDisplayConfigOptions& op
                                                  std::shared_ptr<IDisplayPlatform> platform_I)
     : mLanguage(options_I.language), mSkipSerialMatch(options_I.skipSerialMatch),
       mExitOnError(options_I.exitOnError), mConnectionMode(options_I.connectionMode),
-      mPlatform(std::move(platform_I)), mCurrentDisplayInfo(&mEmptyDisplayInfo) {
+      mSetOsdLanguage(options_I.setOsdLanguage), mFactsStore(options_I.factsStore),
+      mRefreshFacts(options_I.refreshFacts), mPlatform(std::move(platform_I)),
+      mCurrentDisplayInfo(&mEmptyDisplayInfo) {
     Init();
 }
 

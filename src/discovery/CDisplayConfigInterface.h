@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -79,11 +80,20 @@ private:
     static std::string ExitOnErrorText(const SDisplayInfo& info_I, const std::string& errorText_I);
     // The OSD language of the models that take it from the program.
     void SetLanguage(UiDisplayDelegate& display_I) const;
+    // The kept facts of the identity's display, when a firmware read on the connector confirms
+    // them; none with a refresh or when they do not hold.
+    std::optional<SDisplayFacts> TrustedFacts(const SDisplayFacts& identity_I,
+                                              Connector& connector_I);
+    // Stores what the display said on a full start under its identity.
+    void KeepFacts(const UiDisplayDelegate& display_I, const SDisplayFacts& identity_I);
 
     LanguageProvider mLanguage;
     bool mSkipSerialMatch;
     bool mExitOnError;
     SConnectionMode mConnectionMode;
+    bool mSetOsdLanguage;
+    std::shared_ptr<IDisplayFactsStore> mFactsStore;
+    bool mRefreshFacts;
     std::shared_ptr<IDisplayPlatform> mPlatform;
     std::vector<std::shared_ptr<Connector>> mConnectorList;
     std::vector<SDisplayInfo> mDisplayInfos;

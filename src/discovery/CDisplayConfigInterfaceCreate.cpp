@@ -1,6 +1,7 @@
 // Building and initialising a display object on a proven channel.
 
 #include "discovery/CDisplayConfigInterface.h"
+#include "discovery/CFactsConnector.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/TimeSeam.h"
@@ -54,9 +55,26 @@ CDisplayConfigInterface::CreateDisplay(uint16_t edidNumber_I, const std::wstring
     const bool builtIn =
         IsInChannelGroup(EChannelGroup::eBuiltIn, edidNumber_I) && mPlatform->IsMakerSystem();
     const bool videoChannel = connector_I->ConnectorType() == eConnectorType_DisplayPort;
-    auto display = std::make_shared<UiDisplayDelegate>(edidNumber_I, connector_I, builtIn);
+    SDisplayFacts identity;
+    identity.channel = connector_I->ConnectorType();
+    identity.edidNumber = edidNumber_I;
+    if (mFactsStore != nullptr) {
+        identity.serialNumber = connector_I->SerialNumber(kNoTabletId);
+    }
+    // Without a serial number two displays of a model would share their facts.
+    const bool keepsFacts = mFactsStore != nullptr && !identity.serialNumber.empty();
+    const std::optional<SDisplayFacts> facts =
+        keepsFacts ? TrustedFacts(identity, *connector_I) : std::nullopt;
+    auto display = std::make_shared<UiDisplayDelegate>(
+        edidNumber_I, facts ? std::make_shared<CFactsConnector>(connector_I, *facts) : connector_I,
+        builtIn);
 
-    bool initialized = false;
+    bool initialized = facts && display->Initialize("");
+    const bool fromFacts = initialized;
+    if (facts && !initialized) {
+        // Facts the session refuses are read again in full, on the bare channel.
+        display = std::make_shared<UiDisplayDelegate>(edidNumber_I, connector_I, builtIn);
+    }
     for (int attempt = 0; attempt < kInitializeAttempts && !initialized; ++attempt) {
         initialized = display->Initialize("");
         if (!initialized) {
@@ -69,11 +87,41 @@ CDisplayConfigInterface::CreateDisplay(uint16_t edidNumber_I, const std::wstring
     if (!initialized) {
         return {};
     }
+    if (keepsFacts && !fromFacts) {
+        KeepFacts(*display, identity);
+    }
     display->SetModelNumber(ToNarrow(modelNumber_I));
-    if (display->IsBirchFamily() || display->IsElmFamily()) {
+    if (mSetOsdLanguage && (display->IsBirchFamily() || display->IsElmFamily())) {
         SetLanguage(*display);
     }
     return display;
+}
+
+std::optional<SDisplayFacts> CDisplayConfigInterface::TrustedFacts(const SDisplayFacts& identity_I,
+                                                                   Connector& connector_I) {
+    if (mRefreshFacts) {
+        return std::nullopt;
+    }
+    const std::string name = DisplayFactsName(identity_I);
+    const std::optional<std::string> text = mFactsStore->Load(name);
+    const std::optional<SDisplayFacts> kept = text ? ParseDisplayFacts(*text) : std::nullopt;
+    // The one exchange a start spends to trust them: other firmware may announce otherwise.
+    if (kept && kept->SameDisplay(identity_I) && connector_I.FWVersion() == kept->firmware) {
+        return kept;
+    }
+    if (gTraceEnabled) {
+        Trace("CreateDisplay: no kept facts hold for %s\n", name.c_str());
+    }
+    return std::nullopt;
+}
+
+void CDisplayConfigInterface::KeepFacts(const UiDisplayDelegate& display_I,
+                                        const SDisplayFacts& identity_I) {
+    SDisplayFacts facts = identity_I;
+    facts.firmware = display_I.GetFWVersion();
+    facts.monitorName = display_I.GetMonitorName();
+    facts.capabilities = display_I.GetCapabilitiesString();
+    mFactsStore->Save(DisplayFactsName(facts), FormatDisplayFacts(facts));
 }
 
 void CDisplayConfigInterface::SetLanguage(UiDisplayDelegate& display_I) const {

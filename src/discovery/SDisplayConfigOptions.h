@@ -1,9 +1,11 @@
 #pragma once
 // The options of a run, built once from the command line and copied by each holder.
 
+#include "discovery/DisplayFacts.h"
 #include "resources/LanguageProvider.h"
 
 #include <cstdint>
+#include <memory>
 
 // Which channel types discovery may use.
 enum SConnectionMode : int32_t {
@@ -20,4 +22,11 @@ struct SDisplayConfigOptions {
     // Stop discovery at the first display whose video channel fails with a reason.
     bool exitOnError = false;
     SConnectionMode connectionMode = eConnectionMode_All;
+    // Whether the OSD language of the models that take it follows `language` at start: the
+    // desktop program's way. Without it nothing is written to a display during discovery.
+    bool setOsdLanguage = true;
+    // The facts kept between runs; none without a store. refreshFacts reads every display in
+    // full and keeps what it said.
+    std::shared_ptr<IDisplayFactsStore> factsStore;
+    bool refreshFacts = false;
 };

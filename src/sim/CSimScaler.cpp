@@ -167,6 +167,7 @@ std::vector<uint8_t> CSimScaler::DisplayInformation() const {
 }
 
 std::vector<uint8_t> CSimScaler::Handle(const std::vector<uint8_t>& frame_I) {
+    ++mCounters.requests;
     if (frame_I.size() == kSerialEdid.size() &&
         std::equal(kSerialEdid.begin(), kSerialEdid.end(), frame_I.begin())) {
         return mFamily.Has(eAnswersSerialEdid) ? mEdid : std::vector<uint8_t>{};
@@ -211,6 +212,7 @@ std::vector<uint8_t> CSimScaler::HandleRequest(const std::vector<uint8_t>& paylo
     case kGetFeature:
         return GetFeature(payload_I);
     case kSetFeature:
+        ++mCounters.featureWrites;
         if (size != 4) {
             return NoteHostError("Set VCP Feature with " + std::to_string(size) + " bytes");
         }

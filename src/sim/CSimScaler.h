@@ -39,6 +39,8 @@ public:
     bool FactoryMode() const { return mFactoryMode; }
 
     struct SCounters {
+        int requests = 0;      // every frame the host sent, good or bad
+        int featureWrites = 0; // Set VCP Feature requests, refused ones included
         int saves = 0;
         int factoryResets = 0;
         int colorResets = 0;

@@ -34,13 +34,16 @@ TEST_F(CommandLineTest, ConnectionModePrefersVideoThenHidThenFtdi) {
 }
 
 TEST_F(CommandLineTest, FlagsAreFoundAnywhereIgnoringCase) {
-    const SCommandLine all = ParseCommandLine(L"junk /EXITONERROR more /skipserialmatchx /Help");
+    const SCommandLine all =
+        ParseCommandLine(L"junk /EXITONERROR more /skipserialmatchx /Help /Refresh");
     EXPECT_TRUE(all.options.exitOnError);
+    EXPECT_TRUE(all.options.refreshFacts);
     EXPECT_TRUE(all.options.skipSerialMatch);
     EXPECT_TRUE(all.help);
 
-    const SCommandLine none = ParseCommandLine(L"/exit /skip /hel /simulat");
+    const SCommandLine none = ParseCommandLine(L"/exit /skip /hel /simulat /refr");
     EXPECT_FALSE(none.options.exitOnError);
+    EXPECT_FALSE(none.options.refreshFacts);
     EXPECT_FALSE(none.options.skipSerialMatch);
     EXPECT_FALSE(none.help);
     EXPECT_FALSE(none.simulate);

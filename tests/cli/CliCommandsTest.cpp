@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 namespace {
 
 constexpr const char kEveryChannel[] =
@@ -309,4 +313,131 @@ TEST_F(CliTest, HelpListsTheCommandsAndEachCommandsOwnOptions) {
     EXPECT_NE(run.out.find("--save"), std::string::npos);
     EXPECT_NE(run.out.find("rgb-saturation"), std::string::npos);
     EXPECT_EQ(Run({"--version"}).out, "paneltunectl " PANELTUNE_VERSION "\n");
+}
+
+namespace {
+
+// The one facts file a run on one simulated display leaves, and its text.
+std::filesystem::path FactsFile(const std::string& cacheHome_I) {
+    const std::filesystem::path folder =
+        std::filesystem::path(cacheHome_I) / "paneltune" / "simulated";
+    std::vector<std::filesystem::path> files;
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+        files.push_back(entry.path());
+    }
+    EXPECT_EQ(files.size(), 1u);
+    return files.empty() ? folder : files.front();
+}
+
+std::string ReadText(const std::filesystem::path& path_I) {
+    std::ifstream file(path_I, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void WriteText(const std::filesystem::path& path_I, const std::string& text_I) {
+    std::ofstream(path_I, std::ios::binary | std::ios::trunc) << text_I;
+}
+
+std::string Replaced(std::string text_I, const std::string& from_I, const std::string& to_I) {
+    const size_t at = text_I.find(from_I);
+    EXPECT_NE(at, std::string::npos) << from_I;
+    return at == std::string::npos ? text_I : text_I.replace(at, from_I.size(), to_I);
+}
+
+} // namespace
+
+TEST_F(CliTest, AWarmGetAsksOnlyTheCheckAndWhatTheAnswerNeeds) {
+    // Frames the scaler saw and the sum of waits of the second run, once the first has kept the
+    // display's facts: pairing, the firmware check, and the reads of the value and its status.
+    // A cold run reads the capability string on top.
+    struct SRow {
+        const char* description;
+        int warmRequests;
+        uint64_t warmWaitsMs;
+    };
+    const SRow rows[] = {
+        {"ElmLarge@video", 5, 320}, {"Hazel@hid", 4, 0},        {"Birch@ftdi", 9, 3776},
+        {"Aspen@serial", 3, 870},   {"CedarSmall@ti", 21, 940},
+    };
+    for (const SRow& row : rows) {
+        SCOPED_TRACE(row.description);
+        const SCliRun cold = Run({"--simulate", row.description, "get", "brightness"});
+        ASSERT_EQ(cold.exit, 0) << cold.err;
+        const int coldRequests = Sim().Scaler().Counters().requests;
+        const uint64_t sleptBefore = TotalRequestedSleepMs();
+        const SCliRun warm = Run({"--simulate", row.description, "get", "brightness"});
+        ASSERT_EQ(warm.exit, 0) << warm.err;
+        EXPECT_EQ(warm.out, cold.out);
+        EXPECT_EQ(Sim().Scaler().Counters().requests, row.warmRequests);
+        EXPECT_EQ(TotalRequestedSleepMs() - sleptBefore, row.warmWaitsMs);
+        EXPECT_GT(coldRequests, row.warmRequests);
+        std::filesystem::remove_all(mCacheHome + "/paneltune");
+    }
+}
+
+TEST_F(CliTest, KeptFactsThatDoNotHoldAreReadAgainAndRewritten) {
+    ASSERT_EQ(Run({"--simulate", "ElmLarge@video", "list"}).exit, 0);
+    const std::filesystem::path file = FactsFile(mCacheHome);
+    const std::string good = ReadText(file);
+    const int warmRequests = [&] {
+        Run({"--simulate", "ElmLarge@video", "list"});
+        return Sim().Scaler().Counters().requests;
+    }();
+    struct SRow {
+        const char* name;
+        std::string text;
+    };
+    const SRow rows[] = {
+        {"other firmware", Replaced(good, "firmware 3.", "firmware 4.")},
+        {"other serial", Replaced(good, "serial VRX", "serial XRV")},
+        {"damaged", good.substr(0, good.size() / 2)},
+    };
+    for (const SRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        WriteText(file, row.text);
+        const SCliRun run = Run({"--simulate", "ElmLarge@video", "list", "--json"});
+        ASSERT_EQ(run.exit, 0) << run.err;
+        EXPECT_EQ(Json(run.out)["displays"][0]["firmware"].text, "3.2.1");
+        EXPECT_GT(Sim().Scaler().Counters().requests, warmRequests);
+        EXPECT_EQ(ReadText(file), good);
+    }
+    // A refresh reads in full although the facts hold.
+    const SCliRun refresh = Run({"--simulate", "ElmLarge@video", "--refresh", "list"});
+    ASSERT_EQ(refresh.exit, 0) << refresh.err;
+    EXPECT_GT(Sim().Scaler().Counters().requests, warmRequests);
+    // A cache folder that cannot be made costs a full read each time, nothing else.
+    setenv("XDG_CACHE_HOME", (file.string() + "/below-a-file").c_str(), 1);
+    for (int run = 0; run < 2; ++run) {
+        EXPECT_EQ(Run({"--simulate", "ElmLarge@video", "list"}).exit, 0);
+        EXPECT_GT(Sim().Scaler().Counters().requests, warmRequests);
+    }
+}
+
+TEST_F(CliTest, ReadingCommandsWriteNothingToAnyDisplayUnlessTheLanguageIsGiven) {
+    struct SRow {
+        std::vector<std::string> args;
+        bool writes;
+    };
+    const SRow rows[] = {
+        {{"list"}, false},
+        {{"get", "all"}, false},
+        {{"capabilities"}, false},
+        {{"getvcp", "10"}, false},
+        // Cold and warm alike.
+        {{"get", "brightness"}, false},
+        {{"--language", "fr", "list"}, true},
+    };
+    for (const SRow& row : rows) {
+        SCOPED_TRACE(row.args[0]);
+        std::vector<std::string> args = {"--simulate", kEveryChannel};
+        args.insert(args.end(), row.args.begin(), row.args.end());
+        ASSERT_EQ(Run(args).exit, 0);
+        int writes = 0;
+        for (size_t index = 0; index < mPlatform->DisplayCount(); ++index) {
+            writes +=
+                Sim(index).Scaler().Counters().featureWrites + Sim(index).Scaler().Counters().saves;
+        }
+        EXPECT_EQ(writes > 0, row.writes) << writes;
+    }
 }

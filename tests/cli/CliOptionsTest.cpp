@@ -16,13 +16,13 @@ SCliParse Parse(std::vector<std::string> args_I) {
 TEST(CliOptions, OptionsStandBeforeOrAfterTheCommandInBothForms) {
     const SCliParse parse =
         Parse({"--json", "set", "-d", "2", "brightness", "--save", "--mode=hid", "40", "--language",
-               "de", "--skip-serial-match", "--exit-on-error", "-y"});
+               "de", "--skip-serial-match", "--exit-on-error", "-y", "--refresh"});
     ASSERT_EQ(parse.error, "");
     const SCliOptions& options = parse.options;
     EXPECT_EQ(options.command, ECliCommand::eSet);
     EXPECT_EQ(options.operands, (std::vector<std::string>{"brightness", "40"}));
     EXPECT_TRUE(options.json && options.save && options.yes);
-    EXPECT_TRUE(options.skipSerialMatch && options.exitOnError);
+    EXPECT_TRUE(options.skipSerialMatch && options.exitOnError && options.refresh);
     EXPECT_EQ(options.display, 2);
     EXPECT_EQ(options.connectionMode, eConnectionMode_HID);
     EXPECT_EQ(options.language, "de");
@@ -95,7 +95,14 @@ TEST(CliOptions, DiscoveryOptionsFollowTheLine) {
     EXPECT_EQ(config.connectionMode, eConnectionMode_FTDI);
     EXPECT_TRUE(config.language.mKnown);
     EXPECT_EQ(config.language.mLanguage.languageId, LanguageProvider("de").mLanguage.languageId);
+    EXPECT_TRUE(config.setOsdLanguage);
+    EXPECT_FALSE(config.refreshFacts);
 
+    // Without --language the displays' menus keep theirs.
+    options.language.clear();
+    options.refresh = true;
+    EXPECT_FALSE(MakeDisplayConfigOptions(options).setOsdLanguage);
+    EXPECT_TRUE(MakeDisplayConfigOptions(options).refreshFacts);
     // An unknown language leaves the user's own.
     options.language = "klingon";
     EXPECT_EQ(MakeDisplayConfigOptions(options).language.mLanguage.languageId,

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <sstream>
@@ -23,6 +25,18 @@ struct SCliRun {
 
 class CliTest : public ::testing::Test {
 protected:
+    // Each test keeps the displays' facts in a cache folder of its own.
+    CliTest() {
+        char folder[] = "/tmp/paneltune-cli-XXXXXX";
+        mCacheHome = mkdtemp(folder) ? folder : "";
+        setenv("XDG_CACHE_HOME", mCacheHome.c_str(), 1);
+    }
+    ~CliTest() override {
+        unsetenv("XDG_CACHE_HOME");
+        std::error_code ignored;
+        std::filesystem::remove_all(mCacheHome, ignored);
+    }
+
     SCliRun Run(const std::vector<std::string>& args_I, const std::string& input_I = "") {
         std::istringstream in(input_I);
         std::ostringstream out;
@@ -44,6 +58,7 @@ protected:
 
     CSimDisplay& Sim(size_t index_I = 0) { return mPlatform->Display(index_I); }
 
+    std::string mCacheHome;
     CScopedVirtualClock mClock;
     std::shared_ptr<CSimulatedPlatform> mPlatform;
     // Runs on the displays before discovery.

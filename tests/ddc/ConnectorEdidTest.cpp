@@ -60,11 +60,11 @@ TEST(ConnectorEdid, NameRunsToZeroAndSerialToTheFirstUnprintableByte) {
          "Pan\x01"
          "el",
          "SN"},
-        {"high bytes end the serial but not the name",
+        {"bytes above the tilde end the serial but not the name",
          MakeEdid({{0xFC, "\xC4nder\n"},
-                   {0xFF, "AB\x7F"
+                   {0xFF, "A~\x7F"
                           "CD"}}),
-         "\xC4nder", "AB"},
+         "\xC4nder", "A~"},
         {"serial before name", MakeEdid({{0xFF, "42\n"}, {0xFC, "Pad\n"}}), "Pad", "42"},
         {"no descriptors", MakeEdid({}), "", ""},
         {"other descriptors only", MakeEdid({{0xFD, "range"}, {0xFE, "text"}}), "", ""},

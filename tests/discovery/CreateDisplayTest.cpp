@@ -30,9 +30,11 @@ private:
 
 class CreateDisplayTest : public ::testing::Test {
 protected:
-    std::unique_ptr<CDisplayConfigInterface> Config(const char* language_I = "en") {
+    std::unique_ptr<CDisplayConfigInterface> Config(const char* language_I = "en",
+                                                    bool setOsdLanguage_I = true) {
         SDisplayConfigOptions options;
         options.language = LanguageProvider(language_I);
+        options.setOsdLanguage = setOsdLanguage_I;
         return std::make_unique<CDisplayConfigInterface>(options, platform);
     }
 
@@ -65,21 +67,30 @@ TEST_F(CreateDisplayTest, GivesUpTheVideoCableAtTheFirstFailure) {
     EXPECT_EQ(config->CreateDisplay(kFirSmall, L"PDX-1600", L"PDX-1600", nullptr), nullptr);
 }
 
-// The OSD language of the Birch and Elm models follows the program's language; other models
-// keep theirs.
+// The OSD language of the Birch and Elm models follows the program's language when discovery is
+// told to; other models keep theirs.
 TEST_F(CreateDisplayTest, SendsTheOsdLanguageToBirchAndElmModels) {
     struct SRow {
         const char* language;
         uint16_t edid;
         uint16_t expected;
+        bool setOsdLanguage = true;
     };
     const SRow rows[] = {
-        {"fr", kBirch, 3},     {"zh_TW", kElmLarge, 1}, {"tr", kBirch, 2},  {"pl", kElmLarge, 30},
-        {"en", kBirch, 2},     {"ru", kBirch, 9},       {"fr", kHazel, 17}, {"fr", kFirSmall, 17},
-        {"sv", kElmLarge, 17}, {"neutral", kBirch, 17},
+        {"fr", kBirch, 3},
+        {"zh_TW", kElmLarge, 1},
+        {"tr", kBirch, 2},
+        {"pl", kElmLarge, 30},
+        {"en", kBirch, 2},
+        {"ru", kBirch, 9},
+        {"fr", kHazel, 17},
+        {"fr", kFirSmall, 17},
+        {"sv", kElmLarge, 17},
+        {"neutral", kBirch, 17},
+        {"fr", kElmLarge, 17, false},
     };
     for (const SRow& row : rows) {
-        auto config = Config(row.language);
+        auto config = Config(row.language, row.setOsdLanguage);
         auto channel = std::make_shared<CTestChannel>(eConnectorType_FTDI, "SN1");
         channel->Open(0L);
         channel->SetVcp(0xCC, 17, 40);

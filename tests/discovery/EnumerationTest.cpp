@@ -40,6 +40,11 @@ TEST(EdidDescriptor, FindsTheTextBehindTheFirstTag) {
     };
     const SRow rows[] = {
         {TestEdid("SN12345", "PDX-2700"), "SN12345"},
+        // The line feed of an EDID text is unprintable and ends the copy; blanks are stripped.
+        {WithText(Bytes({0, 0xFF, 0}), "A~12  \n    "), "A~12"},
+        // Thirteen characters with no line feed run on to the next zero byte.
+        {WithText(WithText(Bytes({0, 0xFF, 0}), "ABCDEFGHIJKLM"), std::string("\0\0\0\xFC", 4)),
+         "ABCDEFGHIJKLM"},
         // A tag inside a timing block ends the search there, whatever follows.
         {WithText(Bytes({1, 0, 0xFF, 0, 0x05, 0, 0, 0, 0xFF, 0}), "REAL"), ""},
         {WithText(Bytes({0, 0xFF, 0, 0x7F}), "X"), ""},

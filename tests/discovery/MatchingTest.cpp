@@ -183,8 +183,11 @@ TEST_F(MatchingTest, ChannelsThatFailToOpenAreDropped) {
     EXPECT_EQ(config->DisplayInfos()[0].display->GetConnector(), ti);
 }
 
-TEST_F(MatchingTest, FtdiModeFindsASerialPortDisplay) {
+TEST_F(MatchingTest, FtdiModeFindsASerialPortDisplayByItsExactSerialNumber) {
     platform->AddMonitor(kAspen, "SN2", "PDX-2100");
+    // Serial numbers match with their case, and a channel without one matches nothing.
+    platform->AddSerial("");
+    platform->AddSerial("sn2");
     auto serial = platform->AddSerial("SN2");
 
     auto config = Discover(Options(eConnectionMode_FTDI));

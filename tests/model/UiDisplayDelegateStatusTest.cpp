@@ -231,8 +231,9 @@ TEST(UiDisplayDelegateStatusTest, TooDarkByModel) {
         bool tooDark;
     };
     const SCase cases[] = {
-        {Edid::Birch, eColorSetting_Space, 20, 19, true},
-        {Edid::Birch, eColorSetting_Space, 30, 19, false},
+        // Brightness plus nine times the contrast: 199 is too dark, 200 is not.
+        {Edid::Birch, eColorSetting_Space, 28, 19, true},
+        {Edid::Birch, eColorSetting_Space, 29, 19, false},
         {Edid::Unknown, eColorSetting_Space, 20, 19, true},
         {Edid::Aspen, eColorSetting_Space, 19, 19, true},
         {Edid::Aspen, eColorSetting_Space, 19, 20, false},

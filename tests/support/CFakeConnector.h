@@ -45,7 +45,6 @@ public:
     void SetEDID(ByteVector edid_I) { mEdidSource = std::move(edid_I); }
     const std::vector<uint32_t>& EDIDReads() const { return mEdidReads; }
     const ByteVector& CachedEDID() const { return mEDID; }
-    const FileVersion& CachedVersion() const { return mCachedVersion; }
 
     void SetCapabilities(std::string capabilities_I) { mCapabilities = std::move(capabilities_I); }
     void SetFirmware(FileVersion version_I) { mFirmware = version_I; }
