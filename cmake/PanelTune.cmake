@@ -19,14 +19,19 @@ function(paneltune_warnings target)
     endif()
 endfunction()
 
-# paneltune_layer(<name> SOURCES <files...> [DEPENDS <targets...>])
+# paneltune_layer(<name> [STRICT] SOURCES <files...> [DEPENDS <targets...>])
 # Builds the static library paneltune_<name>; headers are included as "<layer>/<file>.h".
+# STRICT adds -Wshadow -Wconversion for a layer that is clean of them.
 function(paneltune_layer name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+    cmake_parse_arguments(ARG "STRICT" "" "SOURCES;DEPENDS" ${ARGN})
     add_library(paneltune_${name} STATIC ${ARG_SOURCES})
     target_include_directories(paneltune_${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(paneltune_${name} PUBLIC ${ARG_DEPENDS})
     paneltune_warnings(paneltune_${name})
+    # A layer that is clean of them keeps shadowed names and narrowing conversions out.
+    if(ARG_STRICT)
+        target_compile_options(paneltune_${name} PRIVATE -Wshadow -Wconversion)
+    endif()
 endfunction()
 
 # paneltune_tests(<name> SOURCES <files...> [DEPENDS <targets...>])

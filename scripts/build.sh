@@ -13,5 +13,8 @@ case "$flavour" in
 esac
 generator=()
 command -v ninja >/dev/null 2>&1 && generator=(-G Ninja)
-[ -f "$dir/CMakeCache.txt" ] || cmake -S "$top" -B "$dir" "${generator[@]}" "${args[@]}" -DPANELTUNE_WERROR=ON >/dev/null
+# Warnings are errors on every configure, an existing build tree's included. The generator
+# is only chosen for a new tree.
+[ -f "$dir/CMakeCache.txt" ] && generator=()
+cmake -S "$top" -B "$dir" "${generator[@]}" "${args[@]}" -DPANELTUNE_WERROR=ON >/dev/null
 cmake --build "$dir" "$@"

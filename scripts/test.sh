@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Sets up the machine, builds with warnings as errors, runs every test, then does the same
-# under AddressSanitizer and UndefinedBehaviorSanitizer, and ends with a short fuzzing run.
-# Exits non-zero on any failure.
+# Sets up the machine, checks the formatting, builds with warnings as errors, runs every test
+# (the layering check among them), then does the same under AddressSanitizer and
+# UndefinedBehaviorSanitizer, and ends with a short fuzzing run. Exits non-zero on any failure.
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 bash "$top/scripts/setup.sh"
+
+echo "== format"
+bash "$top/scripts/check-format.sh"
 
 for flavour in release sanitize; do
     echo "== $flavour build"

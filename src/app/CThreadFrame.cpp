@@ -13,9 +13,9 @@ class CThreadNameScope {
 public:
     explicit CThreadNameScope(const std::wstring& name_I) : mName(name_I) {
         SetCurrentThreadName(ToNarrow(mName));
-        Trace("Thread %S created (%05u)\n", mName.c_str(), CurrentThreadId());
+        TraceDebug("Thread %S created (%05u)\n", mName.c_str(), CurrentThreadId());
     }
-    ~CThreadNameScope() { Trace("Thread %S ended\n", mName.c_str()); }
+    ~CThreadNameScope() { TraceDebug("Thread %S ended\n", mName.c_str()); }
     CThreadNameScope(const CThreadNameScope&) = delete;
     CThreadNameScope& operator=(const CThreadNameScope&) = delete;
 

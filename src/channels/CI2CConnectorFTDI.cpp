@@ -2,15 +2,15 @@
 
 #include "channels/ChannelFrames.h"
 #include "ddc/ReadBounds.h"
+#include "ddc/ReplyFrames.h"
 #include "ddc/VcpCodes.h"
 #include "foundation/HexDump.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
-#include "model/CEdidBuilder.h"
+#include "model/ModelTable.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 
 namespace {
@@ -24,20 +24,15 @@ constexpr int kRetries = 1;
 constexpr double kFirmwareDelayS = 0.07;
 constexpr unsigned kFirmwareExpectedSize = 38;
 constexpr uint32_t kFirmwareRetryMs = 50;
-constexpr size_t kFirmwareReplySize = 10;
 
 constexpr double kInformationDelayS = 0.01;
 constexpr unsigned kInformationExpectedSize = 64;
 constexpr uint32_t kInformationRetryMs = 1000;
-constexpr size_t kNameAt = 17;
-constexpr size_t kSerialAt = 30;
-constexpr size_t kTextSize = 13;
 
 constexpr double kEdidDelayS = 0.05;
 constexpr unsigned kEdidExpectedSize = 37;
 constexpr size_t kEdidReserve = 1024;
 constexpr uint8_t kEdidTable = 0xC3;
-constexpr size_t kFragmentHeader = 5;
 constexpr size_t kShortestFragment = 6;
 // An EDID is 128 bytes a block, a few blocks at most: these bounds only end a scaler that
 // repeats a fragment, or a filler reply, without end.
@@ -50,32 +45,6 @@ constexpr int kHuntLimit = 256;
 constexpr int kKestrelChunks = 16;
 constexpr size_t kKestrelReplySize = 19;
 constexpr size_t kKestrelHeader = 2;
-
-using namespace TabletId;
-
-// Models whose scaler has no EDID to give on this channel.
-constexpr std::array<uint32_t, 5> kNoEdidTablets = {
-    kVendor | 0x0390, kVendor | 0x03AE, kVendor | 0x0391, kVendor | 0x0396, kVendor | 0x03B0};
-
-// The Kestrel24 family, whose EDID comes through an indexed read of 0xF2.
-constexpr std::array<uint32_t, 19> kKestrel24Tablets = {
-    kVendor | 0x034D, kVendor | 0x034A, kVendor | 0x0398, kVendor | 0x039A, kVendor | 0x034E,
-    kVendor | 0x03AA, kVendor | 0x034B, kVendor | 0x03AC, kVendor | 0x0399, kVendor | 0x039B,
-    kVendor | 0x034F, kVendor | 0x0353, kVendor | 0x0350, kVendor | 0x0354, kVendor | 0x037C,
-    kVendor | 0x0351, kVendor | 0x0355, kVendor | 0x0352, kVendor | 0x0356};
-
-// Models whose empty EDID answer is worth a warning.
-constexpr std::array<uint32_t, 2> kEdidWarnTablets = {kVendor | 0x0351, kVendor | 0x0355};
-
-template <size_t N>
-bool Contains(const std::array<uint32_t, N>& list_I, uint32_t sid_I) {
-    return std::find(list_I.begin(), list_I.end(), sid_I) != list_I.end();
-}
-
-bool StartsWith(const ByteVector& bytes_I, std::initializer_list<uint8_t> prefix_I) {
-    return bytes_I.size() >= prefix_I.size() &&
-           std::equal(prefix_I.begin(), prefix_I.end(), bytes_I.begin());
-}
 
 bool IsNullMessage(const ByteVector& reply_I) {
     return reply_I.size() == 3 && StartsWith(reply_I, {0x6E, 0x80});
@@ -222,14 +191,8 @@ FileVersion CI2CConnectorFTDI::FWVersion() {
     if (!inBuffer.empty()) {
         DropFirmwareCheckByte(inBuffer);
     }
-    if (inBuffer.size() < kFirmwareReplySize) {
-        if (inBuffer.size() < 2) {
-            Trace("Send request failed");
-        } else if (StartsWith(inBuffer, {0x6E, 0x80})) {
-            Trace("Send request no data");
-        } else {
-            Trace("Send request unknown response");
-        }
+    if (inBuffer.size() < kFeatureReplySize) {
+        Trace("%s", ShortReplyFault(inBuffer));
         return {};
     }
     return FirmwareFromFeatureReply(inBuffer);
@@ -290,8 +253,7 @@ std::string CI2CConnectorFTDI::MonitorName() {
     std::string name = Connector::MonitorName();
     if (name.empty() && FillDisplayInformation()) {
         VRX_ASSERT(mRawDisplayInformation.size() == kDisplayInformationFrameSize);
-        name.assign(mRawDisplayInformation.begin() + kNameAt,
-                    mRawDisplayInformation.begin() + kNameAt + kTextSize);
+        name = InformationText(mRawDisplayInformation, EInformationText::eName).value_or("");
     }
     return name;
 }
@@ -307,8 +269,7 @@ std::string CI2CConnectorFTDI::SerialNumber(uint32_t sid_I) {
         }
         if (!mRawDisplayInformation.empty()) {
             VRX_ASSERT(mRawDisplayInformation.size() == kDisplayInformationFrameSize);
-            text.assign(mRawDisplayInformation.begin() + kSerialAt,
-                        mRawDisplayInformation.begin() + kSerialAt + kTextSize);
+            text = InformationText(mRawDisplayInformation, EInformationText::eSerial).value_or("");
         } else {
             VRX_ASSERT_NOT_REACHED("!!!!! ReadDisplayInformation FAILED 2 attempts");
         }
@@ -319,11 +280,12 @@ std::string CI2CConnectorFTDI::SerialNumber(uint32_t sid_I) {
 }
 
 ByteVector CI2CConnectorFTDI::ReadEDID(uint32_t sid_I) {
-    if (Contains(kNoEdidTablets, sid_I)) {
+    const EFtdiEdid method = FtdiEdidOfTablet(sid_I);
+    if (method == EFtdiEdid::eNone) {
         Trace("CI2CConnectorFTDI::ReadEDID - skipping for sid_I 0x%X\n", sid_I);
         return {};
     }
-    if (sid_I == kNoTabletId || Contains(kKestrel24Tablets, sid_I)) {
+    if (method == EFtdiEdid::eIndexed || method == EFtdiEdid::eIndexedWarnsEmpty) {
         ByteVector edid = ReadEDIDKestrel24();
         if (!edid.empty()) {
             return edid;
@@ -350,7 +312,7 @@ ByteVector CI2CConnectorFTDI::ReadEDIDFragments(uint32_t sid_I) {
         bool ended = false;
         if (inBuffer.empty()) {
             ended = true;
-            if (Contains(kEdidWarnTablets, sid_I)) {
+            if (FtdiEdidOfTablet(sid_I) == EFtdiEdid::eIndexedWarnsEmpty) {
                 VRX_ASSERT_NOT_REACHED("WARNING - unexpected EDID response");
                 Trace("CI2CConnectorFTDI::ReadEDID: WARNING - unexpected EDID response for sid: "
                       "0x%X\n",
@@ -369,8 +331,7 @@ ByteVector CI2CConnectorFTDI::ReadEDIDFragments(uint32_t sid_I) {
             Trace("ReadEDID: no data found!\n");
             return edid;
         }
-        if ((inBuffer[1] & 0x7F) == 3 && inBuffer[3] == (offset >> 8) &&
-            inBuffer[4] == (offset & 0xFF)) {
+        if (ParseFragment(inBuffer)->EndsAt(offset)) {
             return edid;
         }
         if (Checksum(inBuffer, kReplySeed) != 0) {

@@ -142,7 +142,7 @@ FtStatus CI2CConnectorFTDI::I2CRead1(uint8_t& byte_O) {
         return status;
     }
     if (read == 1) {
-        Trace("I2CRead1 read %i\n", byte_O);
+        TraceDebug("I2CRead1 read %i\n", byte_O);
         return Ft::kOk;
     }
     Trace("I2CRead1 timeout\n");
@@ -160,7 +160,7 @@ FtStatus CI2CConnectorFTDI::I2CRead(uint32_t count_I, ByteVector& bytes_O) {
     }
     bytes_O.resize(std::min(read, count_I));
     if (read == count_I) {
-        Trace("I2CRead read %i\n", static_cast<int>(read));
+        TraceDebug("I2CRead read %i\n", static_cast<int>(read));
         DumpBuffer(bytes_O, "");
         return Ft::kOk;
     }
@@ -176,7 +176,7 @@ FtStatus CI2CConnectorFTDI::I2CReadAll() {
         waiting = 0;
     }
     if (waiting == 0) {
-        Trace("I2CReadAll No data\n");
+        TraceDebug("I2CReadAll No data\n");
         return Ft::kOk;
     }
     ByteVector bytes(waiting, 0x00);
@@ -188,7 +188,7 @@ FtStatus CI2CConnectorFTDI::I2CReadAll() {
     }
     bytes.resize(std::min(read, waiting));
     if (read == waiting) {
-        Trace("I2CReadAll read %i\n", static_cast<int>(read));
+        TraceDebug("I2CReadAll read %i\n", static_cast<int>(read));
         DumpBuffer(bytes, "");
         return Ft::kOk;
     }

@@ -1,6 +1,7 @@
 #include "channels/CUSBConnector.h"
 
 #include "ddc/ReadBounds.h"
+#include "ddc/ReplyFrames.h"
 #include "foundation/HexDump.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/TimeSeam.h"
@@ -34,10 +35,6 @@ const ByteVector kEdidRequest = {0xA0, 0x00};
 constexpr double kEdidDelayS = 0.7;
 constexpr unsigned kEdidExpectedSize = 256;
 constexpr size_t kShortestEdidReply = 6;
-
-bool StartsWithNullMessage(const ByteVector& reply_I) {
-    return reply_I.size() >= 3 && reply_I[0] == 0x6E && reply_I[1] == 0x80 && reply_I[2] == 0xBE;
-}
 
 // Takes off the check byte this class appended and traces when it differs from the one the
 // rest gives; with the appended byte they always agree. Whether they differed.
@@ -162,7 +159,7 @@ std::string CUSBConnector::CapabilitiesString() {
         if (tracing) {
             DumpBuffer(inBuffer, "Data read from Scalar");
         }
-        if (StartsWithNullMessage(inBuffer)) {
+        if (StartsWith(inBuffer, {kDisplayAddress, kLengthFlag, 0xBE})) {
             return {};
         }
         if (DropCheckByte(inBuffer, "CapabilitiesString:Read checksum failed %i %i\n")) {

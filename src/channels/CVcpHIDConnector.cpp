@@ -1,6 +1,7 @@
 #include "channels/CVcpHIDConnector.h"
 
 #include "ddc/ReadBounds.h"
+#include "ddc/ReplyFrames.h"
 #include "ddc/VcpCodes.h"
 #include "foundation/HexDump.h"
 #include "foundation/TimeSeam.h"
@@ -18,40 +19,46 @@ constexpr int kKindWrite = 0x02;
 constexpr int kKindRead = 0x03;
 
 // Status byte values that say the firmware is not done yet.
-constexpr size_t kStatusAt = 4;
 constexpr uint8_t kStatusBusy = 0x01;
 constexpr uint8_t kStatusPending = 0x05;
 constexpr int kPollLimit = 5;
 constexpr uint32_t kPollIntervalMs = 100;
 
-// The reply frame lies in the status report from byte 6 on.
-constexpr size_t kReplyAt = 6;
-constexpr size_t kReplyLengthAt = 7;
-constexpr size_t kReplyCodeAt = 8;
-constexpr size_t kResultAt = 9;
-constexpr size_t kReplyVcpAt = 10;
-constexpr size_t kFragmentAt = 9;
-constexpr size_t kMaximumLowAt = 13;
-constexpr size_t kMinorAt = 14;
-constexpr size_t kCurrentLowAt = 15;
-constexpr size_t kNameAt = 23;
-constexpr size_t kSerialAt = 36;
-constexpr size_t kInformationText = 13;
 // A real capability string is a few hundred bytes: these bounds only end a scaler that repeats a
 // fragment or sends text without end.
 constexpr SReadBounds kCapabilitiesBounds = {4, 1024, 32 * 1024};
+// A capability reply frame: 6E (80|n) E3 offset-high offset-low text...; n counts the opcode,
+// the offset and the text.
+constexpr size_t kCapabilityTextAt = 5;
+// Where a reply frame keeps its reply code, result and VCP code.
+constexpr size_t kFrameReplyCodeAt = 2;
+constexpr size_t kFrameResultAt = 3;
+constexpr size_t kFrameVcpAt = 4;
 
-// Whether a status report holds a finished reply frame: one of the firmware's other states
-// carries no data to take.
-bool HoldsReply(const ByteVector& report_I) {
-    return report_I.size() > kCurrentLowAt && report_I[kStatusAt] == 0x00 &&
-           report_I[kReplyAt] == kDisplayAddress;
+// The reply frame of a status report that holds a finished reply: one of the firmware's other
+// states carries no data to take.
+std::optional<std::span<const uint8_t>> FinishedFrame(const ByteVector& report_I) {
+    const SHidStatus parsed = ParseHidStatus(report_I);
+    if (parsed.status != uint8_t{0x00} || parsed.frame.size() < kFeatureReplySize ||
+        parsed.frame[0] != kDisplayAddress) {
+        return std::nullopt;
+    }
+    return parsed.frame;
 }
 
-// Whether a status report carries the Get VCP Feature reply for this code.
-bool AnswersFeatureRequest(const ByteVector& report_I, uint8_t code_I) {
-    return HoldsReply(report_I) && report_I[kReplyCodeAt] == ddcCC_VCPReplyCode &&
-           report_I[kResultAt] == 0x00 && report_I[kReplyVcpAt] == code_I;
+// The values of a status report that carries the Get VCP Feature reply for this code.
+std::optional<SFeatureReply> FeatureAnswer(const ByteVector& report_I, uint8_t code_I) {
+    const std::optional<std::span<const uint8_t>> frame = FinishedFrame(report_I);
+    if (!frame || (*frame)[kFrameReplyCodeAt] != ddcCC_VCPReplyCode ||
+        (*frame)[kFrameResultAt] != 0x00 || (*frame)[kFrameVcpAt] != code_I) {
+        return std::nullopt;
+    }
+    return ParseHidStatus(report_I).FeatureValues();
+}
+
+// Whether the firmware is still at work on the request.
+bool StillBusy(std::optional<uint8_t> status_I) {
+    return status_I == kStatusBusy || status_I == kStatusPending;
 }
 
 } // namespace
@@ -161,8 +168,8 @@ ByteVector CVcpHIDConnector::SubmitRequest(const ByteVector& cmdbuf_I, int kind_
         result = GetStatus();
         VRX_ASSERT(result.size() >= 4);
         // A failed poll ends the exchange at once: the device is gone, not busy.
-        if (result.size() <= kStatusAt ||
-            (result[kStatusAt] != kStatusBusy && result[kStatusAt] != kStatusPending)) {
+        const std::optional<uint8_t> status = ParseHidStatus(result).status;
+        if (!StillBusy(status)) {
             break;
         }
         SleepMs(kPollIntervalMs);
@@ -191,20 +198,21 @@ ByteVector CVcpHIDConnector::SendRequest(const ByteVector& toSend_I, double /*de
     switch (operation) {
     case ddcCC_GetVCPFeatureRequest: {
         const ByteVector report = SubmitRequest(toSend_I, kKindRead);
-        // The current value's low byte is the last one used.
-        if (!AnswersFeatureRequest(report, code)) {
+        // Only the low bytes of the present value and the maximum are passed on.
+        const std::optional<SFeatureReply> values = FeatureAnswer(report, code);
+        if (!values) {
             Trace("CVcpHIDConnector::SendRequest - GetRequest failed\n");
             return {};
         }
-        return BuildSimulatedResponse(operation, code, report[kCurrentLowAt],
-                                      report[kMaximumLowAt]);
+        return BuildSimulatedResponse(operation, code, values->present & 0xFF,
+                                      values->maximum & 0xFF);
     }
     case ddcCC_SetVCPFeatureRequest:
     case ddcCC_SaveCurrentSettingsRequest: {
         // A report that came back at all is done, unless the firmware is still at work.
         const ByteVector report = SubmitRequest(toSend_I, kKindWrite);
-        if (report.size() <= kStatusAt || report[kStatusAt] == kStatusBusy ||
-            report[kStatusAt] == kStatusPending) {
+        if (const std::optional<uint8_t> status = ParseHidStatus(report).status;
+            !status || StillBusy(status)) {
             Trace("CVcpHIDConnector::SendRequest - SetRequest failed\n");
             return {};
         }
@@ -230,28 +238,29 @@ std::string CVcpHIDConnector::CapabilitiesString() {
                          static_cast<uint8_t>(offset & 0xFF));
         const ByteVector report = SubmitRequest(frame, kKindRead);
         // A lost or unfinished reply leaves the text unknown, not shorter.
-        if (!HoldsReply(report)) {
+        const std::optional<std::span<const uint8_t>> finished = FinishedFrame(report);
+        if (!finished) {
             return {};
         }
+        const std::span<const uint8_t> reply = *finished;
         // A length byte of 0 has no fragment: the text ends with what has come.
-        if ((report[kReplyLengthAt] & 0x7F) == 0) {
+        if ((reply[1] & 0x7F) == 0) {
             break;
         }
-        const size_t n = (report[kReplyLengthAt] & 0x7F) - 1u;
+        const size_t n = (reply[1] & 0x7F) - 1u;
         // Two bytes of offset echo and no text: the scaler has sent all.
         if (n <= 2) {
             break;
         }
-        const size_t end = std::min(report.size(), kFragmentAt + n);
-        const auto fragment = report.begin() + kFragmentAt + 2;
-        if (fragment >= report.begin() + end) {
+        const auto end = reply.begin() + static_cast<long>(std::min(reply.size(), 3 + n));
+        const auto fragment = reply.begin() + kCapabilityTextAt;
+        if (fragment >= end) {
             break;
         }
         // A fragment must answer the offset asked; another one adds nothing new.
-        const bool answers =
-            report[kFragmentAt] == (offset >> 8) && report[kFragmentAt + 1] == (offset & 0xFF);
+        const bool answers = (reply[3] << 8 | reply[4]) == offset;
         if (answers) {
-            text.append(fragment, std::find(fragment, report.begin() + end, 0));
+            text.append(fragment, std::find(fragment, end, 0));
             offset = static_cast<uint16_t>(offset + n - 2);
         }
         if (!guard.Continue(text.size(), answers)) {
@@ -270,35 +279,38 @@ FileVersion CVcpHIDConnector::FWVersion() {
         BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayFirmwareLevel, 0, 0);
     const ByteVector report = SubmitRequest(frame, kKindRead);
     VRX_ASSERT(report.size() >= 15);
-    if (report.size() <= kCurrentLowAt || report[0] == 0) {
+    const std::optional<SFeatureReply> values = ParseHidStatus(report).FeatureValues();
+    if (!values || report[0] == 0) {
         Trace("FWVersion - failed\n");
         return {};
     }
-    mFirmwareVersion = FileVersion(report[kMaximumLowAt], report[kMinorAt], report[kCurrentLowAt],
-                                   FileVersion::EFinalVersion, 0);
+    // Major, minor and build stand in the low byte of the maximum and the present value.
+    mFirmwareVersion = FileVersion(values->maximum & 0xFF, values->present >> 8,
+                                   values->present & 0xFF, FileVersion::EFinalVersion, 0);
     return mFirmwareVersion;
 }
 
-std::string CVcpHIDConnector::ReadInformationText(size_t at_I, const char* failure_I) {
+std::string CVcpHIDConnector::ReadInformationText(EInformationText text_I, const char* failure_I) {
     const ByteVector frame = BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0, 0);
     const ByteVector report = SubmitRequest(frame, kKindRead);
     // A null message in place of the record leaves the text unknown, not blank.
-    if (!HoldsReply(report) || report[kReplyCodeAt] != ddcCC_VCPReplyCode) {
+    const std::optional<std::span<const uint8_t>> frame = FinishedFrame(report);
+    if (!frame || (*frame)[kFrameReplyCodeAt] != ddcCC_VCPReplyCode) {
         Trace("%s", failure_I);
         return {};
     }
-    VRX_ASSERT(report.size() >= at_I + kInformationText);
+    const std::optional<std::string> text = InformationText(*frame, text_I);
+    VRX_ASSERT(text.has_value());
     // A record cut short reads as zeros there: no text, rather than thirteen NULs.
-    if (report.size() < at_I + kInformationText || report[at_I] == 0) {
+    if (!text || text->front() == '\0') {
         return {};
     }
-    return std::string(report.begin() + static_cast<long>(at_I),
-                       report.begin() + static_cast<long>(at_I + kInformationText));
+    return *text;
 }
 
 std::string CVcpHIDConnector::MonitorName() {
     if (mMonitorName.empty()) {
-        mMonitorName = ReadInformationText(kNameAt, "MonitorName - failed\n");
+        mMonitorName = ReadInformationText(EInformationText::eName, "MonitorName - failed\n");
     }
     Trace("CVcpHIDConnector::MonitorName: %s\n", mMonitorName.c_str());
     return mMonitorName;
@@ -306,7 +318,7 @@ std::string CVcpHIDConnector::MonitorName() {
 
 std::string CVcpHIDConnector::SerialNumber(uint32_t /*sid_I*/) {
     if (mSerialNumber.empty()) {
-        mSerialNumber = ReadInformationText(kSerialAt, "SerialNumber - failed\n");
+        mSerialNumber = ReadInformationText(EInformationText::eSerial, "SerialNumber - failed\n");
     }
     Trace("CVcpHIDConnector::SerialNumber: %s\n", mSerialNumber.c_str());
     return mSerialNumber;

@@ -5,6 +5,7 @@
 // string, name, serial number and firmware version are read once and kept.
 
 #include "ddc/Connector.h"
+#include "ddc/ReplyFrames.h"
 
 #include <cstdint>
 #include <string>
@@ -54,7 +55,7 @@ public:
 
 private:
     // The 13 bytes at at_I of the DisplayInformation record's status report.
-    std::string ReadInformationText(size_t at_I, const char* failure_I);
+    std::string ReadInformationText(EInformationText text_I, const char* failure_I);
 
     std::string mCapabilities;
     std::string mMonitorName;

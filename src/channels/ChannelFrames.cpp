@@ -1,5 +1,6 @@
 #include "channels/ChannelFrames.h"
 
+#include "ddc/ReplyFrames.h"
 #include "ddc/VcpCodes.h"
 #include "foundation/HexDump.h"
 #include "foundation/ScopeTimer.h"
@@ -24,24 +25,6 @@ constexpr size_t kEdidReserve = 1024;
 // A chunk reply is 6E 92, 16 EDID bytes and two bytes of the EEPROM's page, then its check.
 constexpr size_t kChunkReplyKept = 18;
 constexpr size_t kChunkHeader = 2;
-
-// Byte positions of a VCP Feature Reply once its check byte is off.
-constexpr size_t kFirmwareReplySize = 10;
-
-struct SReplyTest {
-    size_t at;
-    uint8_t expected;
-    const char* failure;
-};
-
-constexpr SReplyTest kFirmwareReplyTests[] = {
-    {0, kDisplayAddress, "address is incorrect"},
-    {1, 0x88, "length is incorrect"},
-    {2, ddcCC_VCPReplyCode, "reply code is incorrect"},
-    {3, 0x00, "vcp code error"},
-    {4, vcpC_DisplayFirmwareLevel, "it is NOT a response to our query"},
-};
-constexpr size_t kTypeAt = 5;
 
 } // namespace
 
@@ -109,31 +92,17 @@ ByteVector ReadFactoryModeEDID(Connector& connector_I, const std::string& owner_
 }
 
 FileVersion FirmwareFromFeatureReply(const ByteVector& reply_I) {
-    // A byte the reply does not reach fails its test like a wrong one.
-    const auto has = [&](size_t at_I, uint8_t expected_I) {
-        return at_I < reply_I.size() && reply_I[at_I] == expected_I;
-    };
-    for (const SReplyTest& test : kFirmwareReplyTests) {
-        if (!has(test.at, test.expected)) {
-            Trace("%s", test.failure);
-            return {};
-        }
-    }
-    if (!has(kTypeAt, 0) && !has(kTypeAt, 1)) {
-        Trace("Bad code type");
-        return {};
-    }
-    if (reply_I.size() < kFirmwareReplySize) {
-        Trace("length is incorrect");
+    const char* fault = nullptr;
+    const std::optional<SFeatureReply> reply =
+        ParseFeatureReply(reply_I, vcpC_DisplayFirmwareLevel, fault);
+    if (!reply) {
+        Trace("%s", fault);
         return {};
     }
     if (gTraceEnabled) {
         DumpBuffer(reply_I, "inBuffer return data:");
     }
-    const uint32_t number = static_cast<uint32_t>(reply_I[6]) << 24 |
-                            static_cast<uint32_t>(reply_I[7]) << 16 |
-                            static_cast<uint32_t>(reply_I[8]) << 8 | reply_I[9];
-    return FileVersion(number, 2);
+    return FileVersion(reply->Combined(), 2);
 }
 
 ByteVector BuildFirmwareRequest() {

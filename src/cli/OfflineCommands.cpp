@@ -2,8 +2,8 @@
 
 #include "cli/CJsonWriter.h"
 #include "cli/CapabilitiesReport.h"
+#include "ddc/EdidDescriptor.h"
 #include "discovery/CDisplayConfigInterface.h"
-#include "discovery/EdidDescriptor.h"
 #include "foundation/StringUtilities.h"
 #include "model/CDisplay.h"
 #include "model/CEdidBuilder.h"

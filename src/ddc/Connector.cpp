@@ -1,13 +1,14 @@
 #include "ddc/Connector.h"
 
+#include "ddc/EdidDescriptor.h"
 #include "ddc/ReadBounds.h"
+#include "ddc/ReplyFrames.h"
 #include "foundation/HexDump.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 namespace {
 
@@ -15,11 +16,7 @@ namespace {
 constexpr double kCapabilitiesDelayS = 0.05;
 constexpr unsigned kCapabilitiesExpectedSize = 37;
 constexpr size_t kCapabilitiesReserve = 1024;
-// A fragment is 6E (80|n) E3 offset-high offset-low data... check.
-constexpr size_t kFragmentHeader = 5;
 constexpr size_t kShortestFragment = 6;
-// A fragment whose payload is the reply code and the offset alone carries no data.
-constexpr uint8_t kEmptyFragmentPayload = 3;
 // A real capability string is a few hundred bytes in fragments of 32: these bounds only end a
 // scaler that repeats a short reply or a fragment that adds nothing, or never stops sending.
 constexpr SReadBounds kCapabilitiesBounds = {8, 4096, 32 * 1024};
@@ -38,15 +35,6 @@ constexpr uint8_t kSerialTag = 0xFF;
 
 bool IsNullMessageByte(uint8_t byte_I) {
     return byte_I == 0x6E || byte_I == 0x80 || byte_I == 0xBE;
-}
-
-bool StartsWith(const ByteVector& bytes_I, std::initializer_list<uint8_t> prefix_I) {
-    return bytes_I.size() >= prefix_I.size() &&
-           std::equal(prefix_I.begin(), prefix_I.end(), bytes_I.begin());
-}
-
-bool IsTrailingSpace(char c_I) {
-    return std::string_view(" \t\n\v\f\r").find(c_I) != std::string_view::npos;
 }
 
 // Takes the reply's check byte off and traces a mismatch; a bad check never refuses the data.
@@ -85,27 +73,18 @@ std::string Connector::ReadEDIDText(uint32_t sid_I, uint8_t tag_I, bool toFirstZ
     if (mEDID.empty()) {
         return {};
     }
+    // The descriptor's last two leading zeros, its type and the zero behind it.
     const std::array<uint8_t, 4> header = {0x00, 0x00, tag_I, 0x00};
-    const auto found = std::search(mEDID.begin(), mEDID.end(), header.begin(), header.end());
-    if (found == mEDID.end()) {
+    const std::optional<std::string> text = FindEdidText(
+        mEDID, header, toFirstZero_I ? EEdidTextEnd::eZero : EEdidTextEnd::eUnprintable);
+    if (!text) {
         if (gTraceEnabled) {
             DumpBuffer(mEDID, "EDID result");
         }
         return {};
     }
-    std::string text;
-    for (auto it = found + header.size(); it != mEDID.end(); ++it) {
-        const bool ends = toFirstZero_I ? *it == 0 : (*it < 0x20 || *it > 0x7E);
-        if (ends) {
-            break;
-        }
-        text.push_back(static_cast<char>(*it));
-    }
-    while (!text.empty() && IsTrailingSpace(text.back())) {
-        text.pop_back();
-    }
-    Trace(traceFormat_I, text.c_str());
-    return text;
+    Trace(traceFormat_I, text->c_str());
+    return *text;
 }
 
 std::string Connector::ExtractCapabilitiesString(const ByteVector& capsStr_I) {
@@ -186,13 +165,12 @@ std::string Connector::ReadCapabilities(bool private_I, int retries) {
             Trace("Data read from Scalar in string form \n\t\"%s\"\n", asText.c_str());
             DumpBuffer(reply, "Data read from Scalar");
         }
-        if ((reply[1] & 0x7F) == kEmptyFragmentPayload && reply[3] == (offset >> 8) &&
-            reply[4] == (offset & 0xFF)) {
+        if (ParseFragment(reply)->EndsAt(offset)) {
             return ExtractCapabilitiesString(data);
         }
         // A fragment for another offset (one cut short, or the one before again) is no answer:
         // the same offset is asked again.
-        if ((reply[3] << 8 | reply[4]) != offset) {
+        if (ParseFragment(reply)->offset != offset) {
             if (!guard.Continue(data.size(), false)) {
                 return {};
             }

@@ -1,12 +1,12 @@
 #include "discovery/CDisplayConfigInterface.h"
 
 #include "discovery/CMonitorConnectorDP.h"
-#include "discovery/ChannelGroups.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
 #include "model/CEdidBuilder.h"
+#include "model/ModelTable.h"
 #include "model/UiDisplayDelegate.h"
 
 #include <cstdio>

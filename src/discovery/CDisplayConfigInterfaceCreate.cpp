@@ -2,11 +2,11 @@
 
 #include "discovery/CDisplayConfigInterface.h"
 #include "discovery/CFactsConnector.h"
-#include "discovery/ChannelGroups.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
+#include "model/ModelTable.h"
 #include "model/UiDisplayDelegate.h"
 
 #include <algorithm>

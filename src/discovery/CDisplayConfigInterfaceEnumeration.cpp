@@ -1,8 +1,8 @@
 // The lists that matching pairs up: the family's monitors, and the channels that may reach a
 // scaler, opened.
 
+#include "ddc/EdidDescriptor.h"
 #include "discovery/CDisplayConfigInterface.h"
-#include "discovery/EdidDescriptor.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/StringUtilities.h"
 #include "foundation/Trace.h"

@@ -10,8 +10,8 @@ bool CSignalThread::Create(Routine routine_I, const char* label_I, void* context
         return true;
     }
     mThreadId = 0;
-    Trace("CSignalThread::Create %p (%i)\n", reinterpret_cast<void*>(routine_I),
-          static_cast<int>(CurrentThreadId()));
+    TraceDebug("CSignalThread::Create %p (%i)\n", reinterpret_cast<void*>(routine_I),
+               static_cast<int>(CurrentThreadId()));
     uint32_t error = 0;
     const std::shared_ptr<CSyncThread> thread = CSyncThread::Start(routine_I, context_I, error);
     if (!thread) {
@@ -23,7 +23,7 @@ bool CSignalThread::Create(Routine routine_I, const char* label_I, void* context
     }
     Attach(thread, true);
     mThreadId = thread->ThreadId();
-    Trace("CSignalThread::Create '%s' %i\n", label_I, static_cast<int>(mThreadId));
+    TraceDebug("CSignalThread::Create '%s' %i\n", label_I, static_cast<int>(mThreadId));
     return true;
 }
 

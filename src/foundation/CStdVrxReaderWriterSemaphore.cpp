@@ -10,15 +10,15 @@ CreateVrxReaderWriterSemaphore(const std::string& name_I) {
 
 CStdVrxReaderWriterSemaphore::CStdVrxReaderWriterSemaphore(const std::string& name_I) {
     if (IsTracing()) {
-        Trace("ReaderWriterSemaphore %s %p create %i\n", name_I.c_str(), static_cast<void*>(this),
-              static_cast<int>(CurrentThreadId()));
+        TraceDebug("ReaderWriterSemaphore %s %p create %i\n", name_I.c_str(),
+                   static_cast<void*>(this), static_cast<int>(CurrentThreadId()));
     }
 }
 
 CStdVrxReaderWriterSemaphore::~CStdVrxReaderWriterSemaphore() {
     if (IsTracing()) {
-        Trace("ReaderWriterSemaphore %p destroy %i\n", static_cast<void*>(this),
-              static_cast<int>(CurrentThreadId()));
+        TraceDebug("ReaderWriterSemaphore %p destroy %i\n", static_cast<void*>(this),
+                   static_cast<int>(CurrentThreadId()));
     }
 }
 

@@ -9,15 +9,15 @@ std::shared_ptr<CVrxSemaphore> CreateVrxSemaphore(const std::string& name_I) {
 
 CStdVrxSemaphore::CStdVrxSemaphore(const std::string& name_I) {
     if (IsTracing()) {
-        Trace("Semaphore %s %p create %i\n", name_I.c_str(), static_cast<void*>(this),
-              static_cast<int>(CurrentThreadId()));
+        TraceDebug("Semaphore %s %p create %i\n", name_I.c_str(), static_cast<void*>(this),
+                   static_cast<int>(CurrentThreadId()));
     }
 }
 
 CStdVrxSemaphore::~CStdVrxSemaphore() {
     if (IsTracing()) {
-        Trace("Semaphore %p destroy %i\n", static_cast<void*>(this),
-              static_cast<int>(CurrentThreadId()));
+        TraceDebug("Semaphore %p destroy %i\n", static_cast<void*>(this),
+                   static_cast<int>(CurrentThreadId()));
     }
 }
 

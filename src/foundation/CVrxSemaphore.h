@@ -23,7 +23,8 @@ private:
     std::atomic<bool> mTrace{true};
 };
 
-// Creates the recursive lock; traces "Semaphore <name> <address> create <thread>".
+// Creates the recursive lock; traces "Semaphore <name> <address> create <thread>" as a debug
+// line.
 std::shared_ptr<CVrxSemaphore> CreateVrxSemaphore(const std::string& name_I);
 
 // Holds a lock for a scope. A null lock is skipped.

@@ -27,5 +27,7 @@ std::string FormatHexDump(const std::vector<uint8_t>& bytes, const std::string& 
 }
 
 void DumpBuffer(const std::vector<uint8_t>& bytes, const std::string& title) {
-    Trace("%s", FormatHexDump(bytes, title).c_str());
+    if (gTraceEnabled) {
+        TraceDebug("%s", FormatHexDump(bytes, title).c_str());
+    }
 }

@@ -15,13 +15,14 @@ CScopeTimer::CScopeTimer(const std::string& name)
 
 CScopeTimer::~CScopeTimer() {
     if (!mReported) {
-        Trace("%s\n", Report().c_str());
+        TraceDebug("%s\n", Report().c_str());
     }
 }
 
 std::string CScopeTimer::Report() {
     const int64_t now = MonotonicNs();
-    const double elapsed = static_cast<double>(now - mStart) * 1000.0 / mFrequency;
+    const double elapsed =
+        static_cast<double>(now - mStart) * 1000.0 / static_cast<double>(mFrequency);
     mReported = true;
     std::ostringstream line;
     line << mLabel << ", = " << elapsed << " ms";

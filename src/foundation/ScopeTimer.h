@@ -1,6 +1,6 @@
 #pragma once
-// Times a scope and traces "TIME: <name>, = <ms> ms" when it ends. Timer lines are not gated by
-// gTraceEnabled. Time comes from MonotonicNs, so a virtual clock gives an exact line.
+// Times a scope and traces "TIME: <name>, = <ms> ms" when it ends, as a debug line (shown only
+// while gTraceEnabled). Time comes from MonotonicNs, so a virtual clock gives an exact line.
 
 #include <cstdint>
 #include <string>

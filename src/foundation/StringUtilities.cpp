@@ -139,8 +139,9 @@ std::string ToLower(const std::string& text) {
 
 std::wstring ToLower(const std::wstring& text) {
     std::wstring out(text);
-    std::transform(out.begin(), out.end(), out.begin(),
-                   [](wchar_t c) { return static_cast<wchar_t>(std::towlower(c)); });
+    std::transform(out.begin(), out.end(), out.begin(), [](wchar_t c) {
+        return static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c)));
+    });
     return out;
 }
 
@@ -154,8 +155,9 @@ std::string ToUpper(const std::string& text) {
 
 std::wstring ToUpper(const std::wstring& text) {
     std::wstring out(text);
-    std::transform(out.begin(), out.end(), out.begin(),
-                   [](wchar_t c) { return static_cast<wchar_t>(std::towupper(c)); });
+    std::transform(out.begin(), out.end(), out.begin(), [](wchar_t c) {
+        return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
+    });
     return out;
 }
 

@@ -9,12 +9,38 @@
 #include <memory>
 #include <new>
 
-bool gTraceEnabled = false;
+std::atomic<bool> gTraceEnabled{false};
 bool gAssertsEnabled = false;
 
 namespace {
 std::atomic<TraceObserver> gTraceObserver{nullptr};
 std::atomic<DebugOutputSink> gDebugOutputSink{nullptr};
+
+int TraceList(const char* format, va_list args) {
+    va_list measure;
+    va_copy(measure, args);
+    const int length = std::vsnprintf(nullptr, 0, format, measure);
+    va_end(measure);
+    if (length < 0) {
+        return -1;
+    }
+    std::unique_ptr<char[]> buffer(new (std::nothrow) char[static_cast<size_t>(length) + 1]());
+    if (!buffer) {
+        return -1;
+    }
+    std::vsnprintf(buffer.get(), static_cast<size_t>(length) + 1, format, args);
+    if (const DebugOutputSink sink = gDebugOutputSink.load()) {
+        sink(buffer.get(), static_cast<size_t>(length));
+    } else {
+        WriteDebugOutput(buffer.get(), static_cast<size_t>(length));
+    }
+    if (const TraceObserver observer = gTraceObserver.load()) {
+        observer(buffer.get(), static_cast<size_t>(length));
+    }
+    WriteTraceFile(buffer.get(), static_cast<size_t>(length));
+    return length;
+}
+
 } // namespace
 
 DebugOutputSink SetDebugOutputSink(DebugOutputSink sink) {
@@ -28,29 +54,18 @@ void SetTraceObserver(TraceObserver observer) {
 int Trace(const char* format, ...) {
     va_list args;
     va_start(args, format);
-    va_list measure;
-    va_copy(measure, args);
-    const int length = std::vsnprintf(nullptr, 0, format, measure);
-    va_end(measure);
-    if (length < 0) {
-        va_end(args);
-        return -1;
-    }
-    std::unique_ptr<char[]> buffer(new (std::nothrow) char[static_cast<size_t>(length) + 1]());
-    if (!buffer) {
-        va_end(args);
-        return -1;
-    }
-    std::vsnprintf(buffer.get(), static_cast<size_t>(length) + 1, format, args);
+    const int length = TraceList(format, args);
     va_end(args);
-    if (const DebugOutputSink sink = gDebugOutputSink.load()) {
-        sink(buffer.get(), static_cast<size_t>(length));
-    } else {
-        WriteDebugOutput(buffer.get(), static_cast<size_t>(length));
+    return length;
+}
+
+int TraceDebug(const char* format, ...) {
+    if (!gTraceEnabled.load(std::memory_order_relaxed)) {
+        return 0;
     }
-    if (const TraceObserver observer = gTraceObserver.load()) {
-        observer(buffer.get(), static_cast<size_t>(length));
-    }
-    WriteTraceFile(buffer.get(), static_cast<size_t>(length));
+    va_list args;
+    va_start(args, format);
+    const int length = TraceList(format, args);
+    va_end(args);
     return length;
 }

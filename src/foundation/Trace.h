@@ -2,8 +2,10 @@
 // The one diagnostic channel of the program: printf-style trace lines and assertions that
 // never stop the program.
 
-// Switch of the verbose lines; /debug sets it. Trace itself does not read it.
-extern bool gTraceEnabled;
+#include <atomic>
+
+// Switch of the verbose lines; /debug sets it. Read by every thread that traces, so atomic.
+extern std::atomic<bool> gTraceEnabled;
 // Nothing in the product sets it; a developer build does by hand.
 extern bool gAssertsEnabled;
 
@@ -12,6 +14,11 @@ extern bool gAssertsEnabled;
 // characters written, or -1 when formatting fails. Safe from any thread and during static
 // initialisation.
 int Trace(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+// The same for a line of the debug category: timer lines, byte dumps and lock lifetimes. It is
+// written only while gTraceEnabled, so that a program's standard error stays quiet without
+// /debug; warnings and errors go through Trace. Returns 0 when the line is left out.
+int TraceDebug(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
 // A failed check prints one line when asserts are enabled; execution always goes on, so the
 // code after a check must stand for the failing case. Costs one flag test when disabled.

@@ -435,7 +435,6 @@ std::string CDisplay::DumpState() const {
 }
 
 bool CDisplay::IsOneOf(std::initializer_list<uint32_t> tabletIds_I) const {
-    CEdidBuilder::Instance();
     for (const uint32_t tabletId : tabletIds_I) {
         if (CEdidBuilder::IsEdidOfTablet(tabletId, mEDIDNumber)) {
             return true;
@@ -444,20 +443,28 @@ bool CDisplay::IsOneOf(std::initializer_list<uint32_t> tabletIds_I) const {
     return false;
 }
 
+const SModelRow& CDisplay::Model() const {
+    return ModelOfEdid(mEDIDNumber);
+}
+
+bool CDisplay::IsIn(ModelGroups groups_I) const {
+    return (Model().group & groups_I) != 0;
+}
+
 bool CDisplay::IsCedarGenOne() const {
-    return IsOneOf({TabletId::CedarSmall, TabletId::CedarLarge});
+    return IsIn(eModelGroup_CedarOne);
 }
 
 bool CDisplay::IsCedarGenTwo() const {
-    return IsOneOf({TabletId::CedarSmallTwo, TabletId::CedarLargeTwo});
+    return IsIn(eModelGroup_CedarTwo);
 }
 
 bool CDisplay::IsCedarFamily() const {
-    return IsCedarGenOne() || IsCedarGenTwo();
+    return IsIn(kCedarFamilyGroups);
 }
 
 bool CDisplay::IsElmLargeFamily() const {
-    return IsOneOf({TabletId::ElmLarge, TabletId::ElmLargeTouch});
+    return IsIn(eModelGroup_ElmLarge);
 }
 
 bool CDisplay::IsElmHuge() const {
@@ -465,26 +472,25 @@ bool CDisplay::IsElmHuge() const {
 }
 
 bool CDisplay::IsElmFamily() const {
-    return IsOneOf({TabletId::ElmSmall, TabletId::ElmMedium, TabletId::ElmLarge,
-                    TabletId::ElmLargeTouch, TabletId::ElmHuge});
+    return IsIn(kElmFamilyGroups);
 }
 
 bool CDisplay::IsBirchFamily() const {
-    return IsOneOf({TabletId::Birch, TabletId::BirchTouch});
+    return IsIn(eModelGroup_Birch);
 }
 
 bool CDisplay::IsAlderFamily() const {
-    return IsOneOf({TabletId::Alder, TabletId::AlderTouch});
+    return IsIn(eModelGroup_Alder);
 }
 
 bool CDisplay::IsFirFamily() const {
-    return IsOneOf({TabletId::FirSmall, TabletId::FirSmallLite, TabletId::FirLarge});
+    return IsIn(eModelGroup_Fir);
 }
 
 bool CDisplay::IsFirTwoFamily() const {
-    return IsOneOf({TabletId::FirSmallTwo, TabletId::FirSmallLiteTwo});
+    return IsIn(eModelGroup_FirTwo);
 }
 
 bool CDisplay::IsHazelOrFirTwo() const {
-    return IsOneOf({TabletId::Hazel, TabletId::FirSmallTwo, TabletId::FirSmallLiteTwo});
+    return IsIn(eModelGroup_Hazel | eModelGroup_FirTwo);
 }

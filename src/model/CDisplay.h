@@ -8,6 +8,7 @@
 #include "ddc/VcpCodes.h"
 #include "foundation/FileVersion.h"
 #include "model/CapabilitiesParser.h"
+#include "model/ModelTable.h"
 #include "model/SVCPResult.h"
 #include "model/VCPCodeInfoTable.h"
 
@@ -77,6 +78,8 @@ public:
     bool IsHazelOrFirTwo() const;
     // Whether this display is one of the given tablets.
     bool IsOneOf(std::initializer_list<uint32_t> tabletIds_I) const;
+    // The model table's row of this display.
+    const SModelRow& Model() const;
 
     const std::shared_ptr<Connector>& GetConnector() const { return mConnector; }
     const CapabilitiesMap& GetCapabilitiesMap() const { return mCapabilitiesMap; }
@@ -113,6 +116,7 @@ protected:
 
 private:
     SDisplayFailure mLastFailure;
+    bool IsIn(ModelGroups groups_I) const;
     void InitializeCodeInfo();
     // The model repairs of options that some firmware announces wrongly.
     void RepairOptionsForModel();

@@ -2,6 +2,7 @@
 // Feature of an option's value followed by the display's settle time.
 
 #include "ddc/Frames.h"
+#include "ddc/ReplyFrames.h"
 #include "foundation/ScopeTimer.h"
 #include "foundation/TimeSeam.h"
 #include "foundation/Trace.h"
@@ -19,8 +20,7 @@ constexpr double kWriteDelay = 0.07;
 constexpr double kLuminanceWriteDelay = 0.13;
 constexpr double kDisplayScalingWriteDelay = 0.25;
 
-// A VCP Feature Reply without its check byte, and the least a write's acknowledgement has.
-constexpr size_t kFeatureReplySize = 10;
+// The least a write's acknowledgement has.
 constexpr size_t kWriteReplySize = 2;
 
 // Every write lets the display settle; some features need far longer before the next request.
@@ -38,55 +38,6 @@ const SSettle kExtraSettles[] = {
     {vcpC_RestoreFactoryColorDefaults, {5000, 0}},
 };
 
-// Indices into a VCP Feature Reply once its check byte is off.
-enum EReplyIndex : size_t {
-    eAddress = 0,
-    eLength = 1,
-    eReplyCode = 2,
-    eResult = 3,
-    eCode = 4,
-    eType = 5,
-    eMaxHigh = 6,
-    eMaxLow = 7,
-    eValueHigh = 8,
-    eValueLow = 9,
-};
-
-constexpr uint8_t kFeatureReplyLength = kLengthFlag | 8;
-
-// The first check that the reply fails, or nullptr when it is a reply to our query.
-const char* FeatureReplyFault(const ByteVector& inBuffer, vcpCode code_I) {
-    if (inBuffer[eAddress] != kDisplayAddress) {
-        return "address is incorrect";
-    }
-    if (inBuffer[eLength] != kFeatureReplyLength) {
-        return "length is incorrect";
-    }
-    if (inBuffer[eReplyCode] != ddcCC_VCPReplyCode) {
-        return "reply code is incorrect";
-    }
-    if (inBuffer[eResult] != 0) {
-        return "vcp code error";
-    }
-    if (inBuffer[eCode] != (static_cast<unsigned>(code_I) & 0xFFu)) {
-        return "it is NOT a response to our query";
-    }
-    if (inBuffer[eType] > 1) {
-        return "Bad code type";
-    }
-    return nullptr;
-}
-
-const char* ShortReplyFault(const ByteVector& inBuffer) {
-    if (inBuffer.size() < kWriteReplySize) {
-        return "Send request failed";
-    }
-    if (inBuffer[0] == kDisplayAddress && inBuffer[1] == kLengthFlag) {
-        return "Send request no data";
-    }
-    return "Send request unknown response";
-}
-
 // The code an exchange of the option is about; undefined when there is nothing to exchange.
 vcpCode ExchangedCode(const std::shared_ptr<VCPOptionBase>& option_I) {
     if (!option_I) {
@@ -94,10 +45,6 @@ vcpCode ExchangedCode(const std::shared_ptr<VCPOptionBase>& option_I) {
         return vcpC_Undefined;
     }
     return option_I->GetCode();
-}
-
-int32_t Word(const ByteVector& inBuffer, size_t high_I) {
-    return (inBuffer[high_I] << 8) | inBuffer[high_I + 1];
 }
 
 } // namespace
@@ -130,25 +77,29 @@ void CDisplay::ReadVCPValue_(std::shared_ptr<VCPOptionBase> option_I) {
         if (!inBuffer.empty()) {
             inBuffer.pop_back();
         }
-        const char* fault = inBuffer.size() < kFeatureReplySize ? ShortReplyFault(inBuffer)
-                                                                : FeatureReplyFault(inBuffer, code);
-        if (fault != nullptr) {
+        const char* fault = nullptr;
+        std::optional<SFeatureReply> reply;
+        if (inBuffer.size() < kFeatureReplySize) {
+            fault = ShortReplyFault(inBuffer);
+        } else {
+            reply = ParseFeatureReply(inBuffer, static_cast<uint8_t>(code), fault);
+        }
+        if (!reply) {
             option_I->SetError(fault);
         } else {
             const bool continuous = info.Continuous();
             int32_t max = 0;
             int32_t value = 0;
             if (!continuous && code == vcpC_InputSource) {
-                VRX_ASSERT(inBuffer[8] == 0x01);
-                value = static_cast<int32_t>(
-                    (static_cast<uint32_t>(Word(inBuffer, eMaxHigh)) << 16) | inBuffer[eValueLow]);
+                // Only the low byte of the present value names the input.
+                VRX_ASSERT((reply->present >> 8) == 0x01);
+                value = static_cast<int32_t>(static_cast<uint32_t>(reply->maximum) << 16 |
+                                             (reply->present & 0xFFu));
             } else if (!continuous) {
-                value =
-                    static_cast<int32_t>((static_cast<uint32_t>(Word(inBuffer, eMaxHigh)) << 16) |
-                                         static_cast<uint32_t>(Word(inBuffer, eValueHigh)));
+                value = static_cast<int32_t>(reply->Combined());
             } else {
-                max = Word(inBuffer, eMaxHigh);
-                value = Word(inBuffer, eValueHigh);
+                max = reply->maximum;
+                value = reply->present;
             }
 
             if (option_I->IsOriginalSet()) {

@@ -84,6 +84,12 @@ constexpr std::array<SSpaceRow, 6> kCedarSpaceTable{{
     {8,     eColorSpace_ColorManager1},
     {9,     eColorSpace_ColorManager2},
 }};
+
+constexpr std::array<SSpaceRow, 2> kBirchSpaceTable{{
+    // 0xF0  colour space
+    {5,     eColorSpace_ColorManager1},
+    {6,     eColorSpace_ColorManager2},
+}};
 // clang-format on
 
 struct SColorManagedRow {
@@ -96,7 +102,7 @@ constexpr std::array<SColorManagedRow, 4> kColorManagedTable{{
     // models                code                      values
     {eModelGroup_CedarOne,   {vcpC_ColorSpace,         8,  9}},
     {eModelGroup_CedarTwo,   {vcpC_DisplayPresets,     8,  9}},
-    {eModelGroup_Birch,      {vcpC_DisplayPresets,     5,  6}},
+    {eModelGroup_Birch,      {vcpC_DisplayPresets,     kBirchSpaceTable[0].value, kBirchSpaceTable[1].value}},
     {kElmFamilyGroups,       {vcpC_DisplayPresets,     11, 12}},
 }};
 // clang-format on
@@ -201,6 +207,10 @@ std::optional<int32_t> ValueFromAspectRatio(EModelGroup group_I, EAspectRatio ra
         return std::nullopt;
     }
     return row->values[static_cast<size_t>(ratio_I)];
+}
+
+std::optional<int32_t> BirchPresetFromSpace(EColorSpace space_I) {
+    return ValueFromSpace(kBirchSpaceTable, space_I);
 }
 
 std::optional<EColorSpace> ElmSpaceFromPreset(int32_t preset_I) {

@@ -3,32 +3,11 @@
 // temperature, an aspect ratio, a colour space and a calibrator preset in VCP values.
 
 #include "ddc/VcpCodes.h"
+#include "model/ModelTable.h"
 #include "model/UserSettings.h"
 
 #include <cstdint>
 #include <optional>
-
-// The finest split of the models that the delegate's tables need. A row names the groups it
-// holds for as a set of these bits.
-enum EModelGroup : uint32_t {
-    eModelGroup_None = 0,
-    eModelGroup_Birch = 1u << 0,
-    // ElmSmall, ElmMedium, ElmHuge: the Elm family without the ElmLarge family.
-    eModelGroup_Elm = 1u << 1,
-    eModelGroup_ElmLarge = 1u << 2,
-    eModelGroup_Fir = 1u << 3,
-    eModelGroup_FirTwo = 1u << 4,
-    eModelGroup_Hazel = 1u << 5,
-    eModelGroup_CedarOne = 1u << 6,
-    eModelGroup_CedarTwo = 1u << 7,
-    // Aspen and AspenTwo.
-    eModelGroup_Aspen = 1u << 8,
-    eModelGroup_Alder = 1u << 9,
-};
-
-using ModelGroups = uint32_t;
-constexpr ModelGroups kElmFamilyGroups = eModelGroup_Elm | eModelGroup_ElmLarge;
-constexpr ModelGroups kCedarFamilyGroups = eModelGroup_CedarOne | eModelGroup_CedarTwo;
 
 namespace DelegateTables {
 
@@ -44,6 +23,8 @@ vcpCode AspectRatioCode(EModelGroup group_I);
 std::optional<EAspectRatio> AspectRatioFromValue(EModelGroup group_I, int32_t value_I);
 std::optional<int32_t> ValueFromAspectRatio(EModelGroup group_I, EAspectRatio ratio_I);
 
+// The Birch 0xF0 calibrator preset that stands for a colour space; nothing for other spaces.
+std::optional<int32_t> BirchPresetFromSpace(EColorSpace space_I);
 // The Elm family's 0xF0 values that stand for a colour space, both ways. 0xF0 = 0, which only
 // the ElmLarge family reads as Adobe RGB, is not among them.
 std::optional<EColorSpace> ElmSpaceFromPreset(int32_t preset_I);

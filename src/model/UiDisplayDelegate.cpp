@@ -12,8 +12,6 @@ namespace {
 // Values of 0xF4: the scaler's spelling of the two battery modes.
 constexpr int32_t kBatteryMobile = 2;
 constexpr int32_t kBatteryDesktop = 3;
-// A factory reset keeps these scalers busy after their acknowledgement.
-constexpr uint32_t kFactoryResetSettleMs = 10000;
 
 } // namespace
 
@@ -54,41 +52,11 @@ bool UiDisplayDelegate::IsHazel() const {
 }
 
 EModelGroup UiDisplayDelegate::ModelGroup() const {
-    if (IsBirchFamily()) {
-        return eModelGroup_Birch;
-    }
-    if (IsElmLargeFamily()) {
-        return eModelGroup_ElmLarge;
-    }
-    if (IsElmFamily()) {
-        return eModelGroup_Elm;
-    }
-    if (IsFirFamily()) {
-        return eModelGroup_Fir;
-    }
-    if (IsFirTwoFamily()) {
-        return eModelGroup_FirTwo;
-    }
-    if (IsHazel()) {
-        return eModelGroup_Hazel;
-    }
-    if (IsCedarGenOne()) {
-        return eModelGroup_CedarOne;
-    }
-    if (IsCedarGenTwo()) {
-        return eModelGroup_CedarTwo;
-    }
-    if (IsAspen() || IsAspenTwo()) {
-        return eModelGroup_Aspen;
-    }
-    if (IsAlderFamily()) {
-        return eModelGroup_Alder;
-    }
-    return eModelGroup_None;
+    return Model().group;
 }
 
 bool UiDisplayDelegate::HasPercentColorScale() const {
-    return IsAspen() || IsAspenTwo() || IsAlderFamily() || IsElmLargeFamily();
+    return Model().colorScale == EColorScale::ePercent;
 }
 
 SUserValue<int32_t> UiDisplayDelegate::Read(vcpCode code_I, bool refresh_I) {
@@ -119,19 +87,11 @@ bool UiDisplayDelegate::IsOffered(vcpCode code_I) const {
 }
 
 vcpCode UiDisplayDelegate::BrightnessCode() const {
-    if (IsFirFamily()) {
-        return vcpC_BacklightControl;
-    }
-    if (IsHazel() || IsFirTwoFamily()) {
-        return vcpC_BacklightLevelWhite;
-    }
-    return vcpC_Luminance;
+    return Model().brightness;
 }
 
-// These scalers change brightness and contrast by their own menu and presets, so the cached
-// value is not trusted.
 bool UiDisplayDelegate::RefreshesLevels() const {
-    return IsElmFamily() || IsCedarFamily();
+    return Model().levels == ELevels::eRefreshed;
 }
 
 SVCPResult UiDisplayDelegate::GetBrightness() {
@@ -285,8 +245,8 @@ bool UiDisplayDelegate::FactoryReset() {
     if (!SetVCPValue(vcpC_RestoreFactoryDefaults, 1)) {
         return false;
     }
-    if (IsBirchFamily() || IsElmFamily() || IsCedarFamily()) {
-        SleepMs(kFactoryResetSettleMs);
+    if (Model().factoryResetSettleMs != 0) {
+        SleepMs(Model().factoryResetSettleMs);
     }
     ResetOptions(true);
     return true;
@@ -353,14 +313,18 @@ bool UiDisplayDelegate::RestorePowerLedBrightness(bool fromStored_I) {
 }
 
 bool UiDisplayDelegate::IsTooDark(int32_t brightness_I, int32_t contrast_I) {
-    if (IsAspen() || IsAspenTwo() || IsAlderFamily()) {
+    switch (Model().tooDark) {
+    case ETooDark::eBothBelow20:
         return brightness_I < 20 && contrast_I < 20;
-    }
-    if (IsElmFamily() && mColorSetting != eColorSetting_Custom) {
+    case ETooDark::eNever:
         return false;
-    }
-    if (IsCedarFamily() || IsFirFamily() || IsFirTwoFamily() || IsHazel()) {
-        return false;
+    case ETooDark::eCustomColorOnly:
+        if (mColorSetting != eColorSetting_Custom) {
+            return false;
+        }
+        break;
+    case ETooDark::eWeightedSum:
+        break;
     }
     return static_cast<int64_t>(brightness_I) + 9 * static_cast<int64_t>(contrast_I) < 200;
 }

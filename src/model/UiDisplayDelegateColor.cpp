@@ -109,11 +109,11 @@ bool UiDisplayDelegate::SetColorTemperature(EColorTemperature temperature_I) {
 SUserValue<EColorSpace> UiDisplayDelegate::GetColorSpace() {
     constexpr SUserValue<EColorSpace> kNotValid{false, eColorSpace_AdobeRGB};
     if (IsBirchFamily()) {
-        if (Reads(vcpC_DisplayPresets, 5)) {
-            return {true, eColorSpace_ColorManager1};
-        }
-        if (Reads(vcpC_DisplayPresets, 6)) {
-            return {true, eColorSpace_ColorManager2};
+        for (const EColorSpace calibrated :
+             {eColorSpace_ColorManager1, eColorSpace_ColorManager2}) {
+            if (Reads(vcpC_DisplayPresets, *BirchPresetFromSpace(calibrated))) {
+                return {true, calibrated};
+            }
         }
         const SUserValue<int32_t> space = Read(vcpC_ColorSpace);
         if (space.valid && space.value >= eColorSpace_AdobeRGB && space.value <= eColorSpace_DCI) {
@@ -160,8 +160,8 @@ bool UiDisplayDelegate::SetColorSpace(EColorSpace space_I) {
 
 bool UiDisplayDelegate::SetBirchColorSpace(EColorSpace space_I) {
     // A calibrator preset has to be left before the colour space applies.
-    if (space_I != eColorSpace_ColorManager1 && space_I != eColorSpace_ColorManager2 &&
-        IsColorManaged()) {
+    const std::optional<int32_t> calibratorPreset = BirchPresetFromSpace(space_I);
+    if (!calibratorPreset && IsColorManaged()) {
         SetVCPValue(vcpC_DisplayPresets, kBirchPresetTemperature);
     }
     if (space_I >= eColorSpace_AdobeRGB && space_I <= eColorSpace_DCI) {
@@ -170,11 +170,8 @@ bool UiDisplayDelegate::SetBirchColorSpace(EColorSpace space_I) {
         }
         return SetVCPValue(vcpC_ColorSpace, space_I);
     }
-    if (space_I == eColorSpace_ColorManager1) {
-        return SetVCPValue(vcpC_DisplayPresets, 5);
-    }
-    if (space_I == eColorSpace_ColorManager2) {
-        return SetVCPValue(vcpC_DisplayPresets, 6);
+    if (calibratorPreset) {
+        return SetVCPValue(vcpC_DisplayPresets, *calibratorPreset);
     }
     return false;
 }

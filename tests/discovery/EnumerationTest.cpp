@@ -1,7 +1,7 @@
 #include "FakeDisplayPlatform.h"
 
+#include "ddc/EdidDescriptor.h"
 #include "discovery/CDisplayConfigInterface.h"
-#include "discovery/EdidDescriptor.h"
 #include "foundation/Trace.h"
 #include "foundation/TraceCapture.h"
 #include "foundation/VirtualClock.h"

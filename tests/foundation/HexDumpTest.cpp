@@ -1,4 +1,5 @@
 #include "foundation/HexDump.h"
+#include "TraceCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -45,10 +46,15 @@ TEST(HexDump, LayoutOfShortBuffers) {
     };
     for (const SCase& c : cases) {
         SCOPED_TRACE(c.count);
+        const CDebugLinesOn debug;
         testing::internal::CaptureStderr();
         DumpBuffer(Counting(c.count, 0xA0), c.title);
         EXPECT_EQ(testing::internal::GetCapturedStderr(), c.expected);
     }
+    // A dump is a debug line: without /debug it stays off standard error.
+    testing::internal::CaptureStderr();
+    DumpBuffer(Counting(1, 0xA0), "quiet");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST(HexDump, LabelsGrowPastRowF0) {

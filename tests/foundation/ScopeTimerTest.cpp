@@ -1,4 +1,5 @@
 #include "foundation/ScopeTimer.h"
+#include "TraceCapture.h"
 #include "foundation/VirtualClock.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 
 TEST(ScopeTimer, DestructorTracesTheElapsedTimeOnce) {
     CScopedVirtualClock clock;
+    const CDebugLinesOn debug;
     testing::internal::CaptureStderr();
     {
         CScopeTimer timer("CDisplayConfig::FindDisplays");

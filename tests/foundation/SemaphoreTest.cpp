@@ -20,6 +20,7 @@ std::string Address(const void* object) {
 } // namespace
 
 TEST(VrxSemaphore, RecursiveAndSilentWithoutContention) {
+    const CDebugLinesOn debug;
     CTraceCapture capture;
     auto lock = CreateVrxSemaphore("unit");
     const std::string me = std::to_string(CurrentThreadId());

@@ -2,12 +2,25 @@
 // Collects trace lines from every thread while it lives, for tests that must see a line
 // before they go on.
 
+#include "foundation/Trace.h"
 #include "foundation/TraceSink.h"
 
 #include <atomic>
 #include <mutex>
 #include <string>
 #include <thread>
+
+// Shows the debug lines while it lives.
+class CDebugLinesOn {
+public:
+    CDebugLinesOn() : mWas(gTraceEnabled.exchange(true)) {}
+    ~CDebugLinesOn() { gTraceEnabled = mWas; }
+    CDebugLinesOn(const CDebugLinesOn&) = delete;
+    CDebugLinesOn& operator=(const CDebugLinesOn&) = delete;
+
+private:
+    bool mWas;
+};
 
 class CTraceCapture {
 public:

@@ -381,16 +381,21 @@ TEST(UiDisplayDelegateColorTest, FactoryResetWaitsOnTheSlowScalersAndForgetsEver
     struct SCase {
         uint16_t edid;
         bool waits;
+        bool refreshesLevels;
     };
-    const SCase cases[] = {{Edid::ElmSmall, true},
-                           {Edid::Birch, true},
-                           {Edid::CedarSmall, true},
-                           {Edid::Aspen, false},
-                           {Edid::FirSmall, false}};
+    const SCase cases[] = {{Edid::ElmSmall, true, true},
+                           {Edid::Birch, true, false},
+                           {Edid::CedarSmall, true, true},
+                           {Edid::Aspen, false, false},
+                           {Edid::FirSmall, false, false}};
     for (const SCase& c : cases) {
         CDelegateBench bench(c.edid);
         Delegate& d = *bench.mDelegate;
         bench.ReadAll();
+        bench.ClearTraffic();
+        EXPECT_EQ(d.GetBrightness().value, 60) << c.edid;
+        EXPECT_EQ(d.GetContrast().maximum, 100) << c.edid;
+        EXPECT_EQ(bench.Traffic(), c.refreshesLevels ? 2u : 0u) << c.edid;
         d.SetColorSetting(eColorSetting_Custom);
         bench.ClearTraffic();
         bench.mClock->ClearSleeps();

@@ -329,18 +329,6 @@ TEST(UiDisplayDelegateReadsTest, AdvancedValuesByModel) {
     });
 }
 
-TEST(UiDisplayDelegateReadsTest, LevelsAreReadAfreshOnlyOnElmAndCedar) {
-    const std::pair<uint16_t, size_t> cases[] = {
-        {Edid::Birch, 0}, {Edid::ElmSmall, 2}, {Edid::CedarSmall, 2}, {Edid::Aspen, 0}};
-    for (const auto& [edid, reads] : cases) {
-        CDelegateBench bench(edid);
-        bench.ReadAll();
-        EXPECT_EQ(bench.mDelegate->GetBrightness().value, 60) << edid;
-        EXPECT_EQ(bench.mDelegate->GetContrast().maximum, 100) << edid;
-        EXPECT_EQ(bench.Traffic(), reads) << edid;
-    }
-}
-
 TEST(UiDisplayDelegateReadsTest, ScanModeIsReadAfterTheDisplaySettles) {
     CDelegateBench bench(Edid::FirSmallTwo, {{0xDA, 1}});
     bench.ReadAll();
