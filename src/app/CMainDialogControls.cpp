@@ -446,12 +446,15 @@ void CMainDialog::OnSave() {
 
 void CMainDialog::OnRevert() {
     SettleDisplay();
-    Display()->RevertSettings();
+    const bool reverted = Display()->RevertSettings();
     UpdateControls();
     if (mSecondary->AdvancedExists()) {
         mSecondary->RefreshAdvanced();
     }
     UpdateSaveRevert();
+    if (!reverted) {
+        ShowCommunicationError(false);
+    }
 }
 
 void CMainDialog::OnAdvanced() {
