@@ -291,15 +291,15 @@ FileVersion CVcpHIDConnector::FWVersion() {
 }
 
 std::string CVcpHIDConnector::ReadInformationText(EInformationText text_I, const char* failure_I) {
-    const ByteVector frame = BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0, 0);
-    const ByteVector report = SubmitRequest(frame, kKindRead);
+    const ByteVector request = BuildCommand(ddcCC_GetVCPFeatureRequest, vcpC_DisplayInfo, 0, 0);
+    const ByteVector report = SubmitRequest(request, kKindRead);
     // A null message in place of the record leaves the text unknown, not blank.
-    const std::optional<std::span<const uint8_t>> frame = FinishedFrame(report);
-    if (!frame || (*frame)[kFrameReplyCodeAt] != ddcCC_VCPReplyCode) {
+    const std::optional<std::span<const uint8_t>> reply = FinishedFrame(report);
+    if (!reply || (*reply)[kFrameReplyCodeAt] != ddcCC_VCPReplyCode) {
         Trace("%s", failure_I);
         return {};
     }
-    const std::optional<std::string> text = InformationText(*frame, text_I);
+    const std::optional<std::string> text = InformationText(*reply, text_I);
     VRX_ASSERT(text.has_value());
     // A record cut short reads as zeros there: no text, rather than thirteen NULs.
     if (!text || text->front() == '\0') {
