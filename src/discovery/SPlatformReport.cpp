@@ -6,6 +6,9 @@ std::string MostLikelyReason(const SPlatformReport& report_I) {
             return finding.subject + ": " + finding.text;
         }
     }
-    return report_I.simulated ? "the simulation holds no display"
-                              : "no display of the family is attached to any channel";
+    if (report_I.simulated) {
+        return report_I.findings.empty() ? "the simulation holds no display"
+                                         : "no simulated display answered";
+    }
+    return "no display of the family is attached to any channel";
 }
