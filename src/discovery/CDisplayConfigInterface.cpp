@@ -271,7 +271,7 @@ std::vector<std::wstring> CDisplayConfigInterface::DisplayNames() const {
 
 void CDisplayConfigInterface::SetCurrentDisplay(int index_I) {
     // clang-format off
-    VRX_ASSERT(SRange(0, (int) mDisplayInfos.size()).Contains(index_I + 1));
+    VRX_ASSERT((SRange{0, static_cast<int>(mDisplayInfos.size())}.Contains(index_I + 1)));
     // clang-format on
     if (index_I < 0 || index_I >= static_cast<int>(mDisplayInfos.size())) {
         mCurrentDisplayInfo = &mEmptyDisplayInfo;
@@ -293,7 +293,7 @@ void CDisplayConfigInterface::SetCurrentDisplay(int index_I) {
 
 bool CDisplayConfigInterface::IsCurrentDisplay(int index_I) const {
     // clang-format off
-    VRX_ASSERT(SRange(0, (int) mDisplayInfos.size()).Contains(index_I + 1));
+    VRX_ASSERT((SRange{0, static_cast<int>(mDisplayInfos.size())}.Contains(index_I + 1)));
     // clang-format on
     if (index_I < 0 || index_I >= static_cast<int>(mDisplayInfos.size())) {
         return mCurrentDisplayInfo == &mEmptyDisplayInfo;
