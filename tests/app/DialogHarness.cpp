@@ -104,15 +104,19 @@ bool DialogTest::Start(const std::string& description_I, const std::string& lang
     mDialog = std::make_unique<CTestMainDialog>(options, environment);
     // No timer is waited for: an unanswered dark question closes at the next turn of events.
     mDialog->SetDarkQuestionTimeout(0);
-    return mDialog->OnInitDialog();
+    const bool started = mDialog->OnInitDialog();
+    Settle();
+    return started;
 }
 
 int DialogTest::ScalerValue(size_t display_I, uint8_t code_I) {
+    Settle();
     const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Current(code_I);
     return value ? *value : -1;
 }
 
 int DialogTest::ScalerSaved(size_t display_I, uint8_t code_I) {
+    Settle();
     const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Saved(code_I);
     return value ? *value : -1;
 }
@@ -125,12 +129,14 @@ void DialogTest::Choose(const char* combo_I, int row_I) {
     QComboBox* combo = Find<QComboBox>(combo_I);
     combo->setCurrentIndex(row_I);
     emit combo->activated(row_I);
+    Settle();
 }
 
 void DialogTest::Enter(const char* edit_I, const QString& text_I) {
     QLineEdit* edit = Find<QLineEdit>(edit_I);
     edit->setText(text_I);
     QTest::keyClick(edit, Qt::Key_Return);
+    Settle();
 }
 
 void DialogTest::Settle() {

@@ -26,6 +26,7 @@ void EnsureTestApplication();
 
 class CRecordingOwner final : public IDialogOwner {
 public:
+    void SettleDisplay() override {}
     void UpdateControls() override { ++updateControls; }
     void UpdateSaveRevert() override { ++updateSaveRevert; }
     void ShowCommunicationError(bool exit_I) override { communicationErrors.push_back(exit_I); }

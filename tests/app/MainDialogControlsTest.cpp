@@ -45,6 +45,7 @@ TEST_F(ControlsTest, DarkDragAppliesLiveAndComesBackWhenTheQuestionTimesOut) {
     EXPECT_EQ(Dialog().Count(EModal::eDarkQuestion), 0u);
 
     BrightnessSlider()->setSliderDown(false);
+    Settle();
     ASSERT_EQ(Dialog().Count(EModal::eDarkQuestion), 1u);
     EXPECT_TRUE(Dialog().mShown.back().text.startsWith(QStringLiteral("Warning!\n")));
     EXPECT_EQ(ScalerValue(0, kBrightness), before);
