@@ -1,5 +1,4 @@
 #include "DisplayTestSupport.h"
-#include "foundation/Trace.h"
 #include "model/CEdidBuilder.h"
 
 #include <gtest/gtest.h>
@@ -26,24 +25,15 @@ std::vector<ByteVector> Frames(const CFakeConnector& fake_I) {
 
 } // namespace
 
-TEST(CDisplaySession, SaveCommitsInMemoryAndAsksTheScalerToStore) {
+TEST(CDisplaySession, SaveCommitsInMemoryEvenWhenTheScalerFailsToStore) {
     CDisplaySession session;
     session.mFake->SetVcp(0x10, 50, 100);
     ReadAll(session, {vcpC_Luminance});
-
-    EXPECT_TRUE(session.mDisplay.SaveSettings()) << "a save with no change still goes out";
-    EXPECT_EQ(Frames(*session.mFake), (std::vector<ByteVector>{{0x6E, 0x51, 0x81, 0x0C, 0xB2}}));
-    EXPECT_DOUBLE_EQ(session.mFake->Sent()[0].delay, 0.22);
-
     ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Luminance, 30));
-    EXPECT_TRUE(session.mDisplay.IsAnyOptionModified());
     session.mFake->QueueReply({});
     EXPECT_FALSE(session.mDisplay.SaveSettings());
-    EXPECT_FALSE(session.mDisplay.IsAnyOptionModified()) << "a failed save keeps the commit";
+    EXPECT_FALSE(session.mDisplay.IsAnyOptionModified());
     EXPECT_EQ(session.mDisplay.GetOptions().at(vcpC_Luminance)->GetOriginal(), 30);
-
-    CDisplay detached(nullptr, kBirch);
-    EXPECT_TRUE(detached.SaveSettings());
 }
 
 TEST(CDisplaySession, RevertSettingsWritesEveryChangeBackInCodeOrder) {
@@ -55,19 +45,11 @@ TEST(CDisplaySession, RevertSettingsWritesEveryChangeBackInCodeOrder) {
     ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_SelectColorPreset, 8));
     ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Luminance, 30));
     session.mFake->ClearSent();
-    session.mClock->ClearSleeps();
-
     session.mDisplay.RevertSettings();
-    EXPECT_EQ(Frames(*session.mFake), (std::vector<ByteVector>{
-                                          BuildSetVCPFeature(0x10, 50),
-                                          BuildGetVCPFeature(0x10),
-                                          BuildSetVCPFeature(0x14, 5),
-                                          BuildGetVCPFeature(0x14),
-                                      }));
+    EXPECT_EQ(Frames(*session.mFake),
+              (std::vector<ByteVector>{BuildSetVCPFeature(0x10, 50), BuildGetVCPFeature(0x10),
+                                       BuildSetVCPFeature(0x14, 5), BuildGetVCPFeature(0x14)}));
     EXPECT_FALSE(session.mDisplay.IsAnyOptionModified());
-    EXPECT_EQ(session.mFake->Vcp(0x10)->current, 50);
-    EXPECT_EQ(session.mFake->Vcp(0x14)->current, 5);
-    EXPECT_EQ(session.mClock->Sleeps(), (std::vector<uint32_t>{50, 50}));
 
     // A failing display: each option is tried twice and the loop goes on.
     ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Luminance, 30));
@@ -76,7 +58,6 @@ TEST(CDisplaySession, RevertSettingsWritesEveryChangeBackInCodeOrder) {
     session.mFake->SetOpen(false);
     session.mDisplay.RevertSettings();
     EXPECT_EQ(session.mFake->Sent().size(), 6u);
-    EXPECT_FALSE(session.mDisplay.IsAnyOptionModified());
 }
 
 TEST(CDisplaySession, RevertVCPValueRetriesTheReadLongerOnCedar) {
@@ -112,11 +93,6 @@ TEST(CDisplaySession, RevertVCPValueRetriesTheReadLongerOnCedar) {
         EXPECT_EQ(session.mFake->Sent().at(0).frame, BuildSetVCPFeature(0x10, 50));
         EXPECT_EQ(session.mFake->PendingReplies(), 0u);
     }
-
-    CDisplaySession session;
-    EXPECT_TRUE(session.mDisplay.RevertVCPValue(vcpC_Luminance)) << "never read";
-    EXPECT_TRUE(session.mDisplay.RevertVCPValue(vcpC_Hue)) << "not offered";
-    EXPECT_TRUE(session.mFake->Sent().empty());
 }
 
 TEST(CDisplaySession, ResetOptionsForgetsValuesButKeepsPresetsUnlessAsked) {
@@ -124,41 +100,15 @@ TEST(CDisplaySession, ResetOptionsForgetsValuesButKeepsPresetsUnlessAsked) {
     session.mFake->SetVcp(0x10, 50, 100);
     session.mFake->SetVcp(0xF0, 1, 0);
     ReadAll(session, {vcpC_Luminance, vcpC_DisplayPresets});
-    ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Luminance, 30));
     const auto& luminance = *session.mDisplay.GetOptions().at(vcpC_Luminance);
     const auto& presets = *session.mDisplay.GetOptions().at(vcpC_DisplayPresets);
-    const auto& factory = *session.mDisplay.GetOptions().at(vcpC_RestoreFactoryDefaults);
-
     session.mDisplay.ResetOptions(false);
     EXPECT_FALSE(luminance.IsOriginalSet());
-    EXPECT_EQ(luminance.GetValue(), 50);
     EXPECT_TRUE(presets.IsOriginalSet());
-    EXPECT_TRUE(factory.IsOriginalSet()) << "write-only codes stay known";
+    EXPECT_TRUE(session.mDisplay.GetOptions().at(vcpC_RestoreFactoryDefaults)->IsOriginalSet())
+        << "write-only codes stay known";
     session.mDisplay.ResetOptions(true);
     EXPECT_FALSE(presets.IsOriginalSet());
-
-    session.mFake->ClearSent();
-    EXPECT_EQ(session.mDisplay.GetVCPValue(vcpC_Luminance, false).value, 30);
-    EXPECT_EQ(session.mFake->Sent().size(), 1u);
-
-    ReadAll(session, {vcpC_DisplayPresets});
-    session.mDisplay.ForgetVCPValue(vcpC_DisplayPresets);
-    session.mDisplay.ForgetVCPValue(vcpC_Luminance);
-    session.mDisplay.ForgetVCPValue(vcpC_Hue);
-    EXPECT_TRUE(presets.IsOriginalSet());
-    EXPECT_FALSE(luminance.IsOriginalSet());
-}
-
-TEST(CDisplaySession, ResetDropsTheModelAndClosesTheChannel) {
-    CDisplaySession session;
-    ASSERT_TRUE(session.mInitialized);
-    session.mDisplay.Reset();
-    EXPECT_TRUE(session.mDisplay.GetOptions().empty());
-    EXPECT_TRUE(session.mDisplay.GetCapabilitiesMap().empty());
-    EXPECT_EQ(session.mDisplay.GetConnector(), nullptr);
-    EXPECT_EQ(session.mFake->CloseCount(), 1);
-    EXPECT_EQ(session.mDisplay.GetVCPValue(vcpC_Luminance, true), SVCPResult{});
-    EXPECT_FALSE(session.mDisplay.SetVCPValue(vcpC_Luminance, 1));
 }
 
 TEST(CDisplayModels, EachPredicateNamesItsModels) {
@@ -192,22 +142,9 @@ TEST(CDisplayModels, EachPredicateNamesItsModels) {
 TEST(CEdidBuilder, MapsEdidNumbersToTablets) {
     EXPECT_EQ(CEdidBuilder::EdidListForTablet(TabletId::BirchTouch),
               (std::vector<uint16_t>{0x1043, 0x1048}));
-    EXPECT_EQ(CEdidBuilder::EdidListForTablet(TabletId::ElmLarge),
-              (std::vector<uint16_t>{0x1060, 0x1063}));
-    EXPECT_TRUE(CEdidBuilder::EdidListForTablet(0x0F5E9999).empty());
-    EXPECT_FALSE(CEdidBuilder::IsEdidOfTablet(0x0F5E9999, 0x1043));
     EXPECT_FALSE(CEdidBuilder::IsEdidOfTablet(TabletId::Birch, 0x1043));
     EXPECT_TRUE(CEdidBuilder::IsEdidOfTablet(TabletId::FirLarge, 0x1065));
-    EXPECT_EQ(CEdidBuilder::TabletForEdid(0x1041), 0x0F5E0307u);
     EXPECT_EQ(CEdidBuilder::TabletForEdid(0x1099), CEdidBuilder::kNoTablet);
-
-    size_t pairs = 0;
-    for (uint32_t edid = 0; edid <= 0xFFFF; ++edid) {
-        pairs +=
-            CEdidBuilder::TabletForEdid(static_cast<uint16_t>(edid)) != CEdidBuilder::kNoTablet;
-    }
-    EXPECT_EQ(pairs, 24u);
-
     // A number already present keeps its first tablet.
     CEdidBuilder::AddEdid(TabletId::Alder, 0x1041);
     EXPECT_EQ(CEdidBuilder::TabletForEdid(0x1041), TabletId::Aspen);

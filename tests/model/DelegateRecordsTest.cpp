@@ -16,7 +16,6 @@ TEST(SCustomColorTest, FromRGBDerivesCMYKFromTheLargestComponent) {
     };
     const SCase cases[] = {
         {0, 0, 0, 0.0, 0.0, 0.0, 1.0},
-        {255, 255, 255, 0.0, 0.0, 0.0, 0.0},
         {255, 0, 0, 0.0, 1.0, 1.0, 0.0},
         {100, 50, 25, 0.0, 0.5, 0.75, 1.0 - 100.0 / 255.0},
         {10, 20, 40, 0.75, 0.5, 0.0, 1.0 - 40.0 / 255.0},
@@ -42,7 +41,6 @@ TEST(SCustomColorTest, FromCMYKRoundsAndKeepsComponentsInRange) {
     };
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const SCase cases[] = {
-        {0.0, 0.0, 0.0, 0.0, 255, 255, 255},
         {0.0, 0.0, 0.0, 1.0, 0, 0, 0},
         // 0.5 x 255 = 127.5 rounds up; 0.25 of 127.5 = 31.875 rounds to 32.
         {0.5, 0.0, 0.75, 0.5, 64, 128, 32},
@@ -59,16 +57,6 @@ TEST(SCustomColorTest, FromCMYKRoundsAndKeepsComponentsInRange) {
         EXPECT_EQ(color.Green(), c.g);
         EXPECT_EQ(color.Blue(), c.b);
     }
-    const SCustomColor stored = SCustomColor::FromCMYK(0.1, 0.2, 0.3, 0.4);
-    EXPECT_DOUBLE_EQ(stored.cyan, 0.1);
-    EXPECT_DOUBLE_EQ(stored.black, 0.4);
-}
-
-TEST(SCustomColorTest, DefaultRecordIsAnInvalidBlack) {
-    const SCustomColor color;
-    EXPECT_FALSE(color.valid);
-    EXPECT_EQ(color.Red() + color.Green() + color.Blue(), 0);
-    EXPECT_DOUBLE_EQ(color.black, 1.0);
 }
 
 TEST(EColorModTest, SlotsHaveTheirCodeTriplesAndTexts) {

@@ -2,7 +2,6 @@
 // A display session on the shared fake connector under a virtual clock.
 
 #include "ddc/Frames.h"
-#include "foundation/Trace.h"
 #include "foundation/VirtualClock.h"
 #include "model/CDisplay.h"
 #include "support/CFakeConnector.h"
@@ -10,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 
 // EDID numbers of models with and without model-specific behaviour.
 constexpr uint16_t kBirch = 0x1044;
@@ -46,27 +44,4 @@ public:
     std::shared_ptr<CFakeConnector> mFake;
     CDisplay mDisplay;
     bool mInitialized = false;
-};
-
-// Trace lines of one call, with the verbose lines switched on.
-class CTraceCapture {
-public:
-    CTraceCapture() : mWasEnabled(gTraceEnabled) {
-        gTraceEnabled = true;
-        testing::internal::CaptureStderr();
-    }
-    ~CTraceCapture() {
-        if (!mTaken) {
-            testing::internal::GetCapturedStderr();
-        }
-        gTraceEnabled = mWasEnabled;
-    }
-    std::string Take() {
-        mTaken = true;
-        return testing::internal::GetCapturedStderr();
-    }
-
-private:
-    bool mWasEnabled;
-    bool mTaken = false;
 };
