@@ -1,4 +1,3 @@
-#include "model/VCPCodeInfoTable.h"
 #include "model/VCPOptionCodeWithEnumerationT.h"
 #include "model/VCPOptionSingleCode.h"
 
@@ -22,35 +21,6 @@ std::unique_ptr<Choice> ChoiceHolding(int32_t raw_I, const char* set_I = "",
 }
 
 } // namespace
-
-TEST(VCPCodeInfoTable, HoldsEveryKnownCodeWithItsKindAndNormalisedSizes) {
-    const VCPCodeInfoMap table = BuildVCPCodeInfoTable(false);
-    EXPECT_EQ(table.size(), 160u);
-    const struct {
-        int code;
-        A access;
-        SVCPCodeInfo::EKind kind;
-        uint32_t readSize, writeSize;
-    } rows[] = {
-        {0x10, A::eReadWrite, SVCPCodeInfo::eContinuous, 4, 2},
-        {0xF4, A::eReadWrite, SVCPCodeInfo::eNonContinuous, 4, 2},
-        {0xEA, A::eWriteOnly, SVCPCodeInfo::eNonContinuous, 0, 2},
-        {0x76, A::eWriteOnly, SVCPCodeInfo::eTable, 0, 19},
-        {0xC3, A::eReadWrite, SVCPCodeInfo::eTable, 256, 256},
-        {0xF2, A::eReadOnly, SVCPCodeInfo::eTable, 70, 0},
-    };
-    for (const auto& row : rows) {
-        const SVCPCodeInfo& info = table.at(static_cast<vcpCode>(row.code));
-        EXPECT_EQ(info.access, row.access) << row.code;
-        EXPECT_EQ(info.kind, row.kind) << row.code;
-        EXPECT_EQ(info.readSize, row.readSize) << row.code;
-        EXPECT_EQ(info.writeSize, row.writeSize) << row.code;
-    }
-    for (const int absent : {0x00, 0x07, 0xC0, 0xF1, 0xF5}) {
-        EXPECT_EQ(table.count(static_cast<vcpCode>(absent)), 0u) << absent;
-    }
-    EXPECT_TRUE(BuildVCPCodeInfoTable(true).at(vcpC_Gamma).Continuous());
-}
 
 TEST(VCPOptionCodeWithEnumeration, SetValueChecksTheListAndRefusesThePresentValue) {
     auto option = ChoiceHolding(5, "04 05 08");
@@ -128,17 +98,4 @@ TEST(VCPOptionSingleCode, SetValueHoldsToTheRangeAndRefusesThePresentValue) {
     option.SetMaximum(-1);
     EXPECT_TRUE(option.SetValue(-5));
     EXPECT_TRUE(option.SetValue(7));
-}
-
-TEST(VCPOption, TheTwoSettersSkipTheirTestsForDifferentAccesses) {
-    auto trigger = ChoiceHolding(0, "01", A::eWriteOnly);
-    EXPECT_TRUE(trigger->IsOriginalSet()) << "a write-only code counts as known";
-    EXPECT_TRUE(trigger->SetValue(9));
-    EXPECT_TRUE(trigger->SetValue(9));
-    EXPECT_TRUE(trigger->SetOriginal(9));
-
-    Choice held(vcpC_InputSource, SVCPCodeInfo::NonContinuous(A::ePlaceholder), "01");
-    EXPECT_FALSE(held.IsOriginalSet());
-    EXPECT_TRUE(held.SetOriginal(9)) << "SetOriginal skips the list for a placeholder";
-    EXPECT_FALSE(held.SetValue(2)) << "SetValue checks it";
 }
