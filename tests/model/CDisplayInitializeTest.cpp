@@ -43,13 +43,11 @@ TEST(CDisplayInitialize, FailsWhenARequiredKeyIsMissingOrEmpty) {
     };
     const SCase cases[] = {
         {kBirch, "", false},
-        {kBirch, "(type(LCD)model(A)cmds(01)vcp(10)mccs_ver(2.2))", false},
         {kBirch, "(prot(monitor)type(LCD)model()cmds(01)vcp(10)mccs_ver(2.2))", false},
         {kBirch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10))", false},
         // The Elm's firmware omits the version; 2.2 stands in.
         {kElmSmall, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10))", true},
         {kBirch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(C0 74)mccs_ver(2.2))", false},
-        {kBirch, "(prot(monitor)type(LCD)model(A)vcp(10)mccs_ver(2.2))", false},
         {kBirch, "(prot(monitor)type(LCD)model(A)cmds(zz)vcp(10)mccs_ver(2.2))", false},
         {kBirch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10)mccs_ver(2.2))", true},
     };
@@ -83,7 +81,6 @@ TEST(CDisplayInitialize, RepairsTheOptionsThatSomeModelsAnnounceWrongly) {
         {kCedarSmall, with, vcpC_BatteryMode, true, {2, 3}, nullptr},
         {kCedarSmallTwo, with, vcpC_BatteryMode, true, {0, 2, 3}, nullptr},
         {kElmLarge, with, vcpC_DisplayPresets, true, {0, 5, 6, 7, 8, 9, 10, 11, 12, 13}, colorPresets},
-        {kElmLarge, without, vcpC_DisplayPresets, true, {0, 5, 6, 7, 8, 9, 10, 11, 12, 13}, nullptr},
         {kElmHuge, with, vcpC_FanSpeed, false, {}, nullptr},
         {kElmHuge, with, vcpC_DisplayPresets, true, {1}, &typeid(VCPOptionCodeWithEnumerationT<displayPresetCode>)},
         {kBirch, with, vcpC_FanSpeed, true, {0, 1}, nullptr},

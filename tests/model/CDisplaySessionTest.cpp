@@ -1,5 +1,4 @@
 #include "DisplayTestSupport.h"
-#include "model/CEdidBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -15,50 +14,7 @@ void ReadAll(CDisplaySession& session_I, std::initializer_list<vcpCode> codes_I)
     session_I.mFake->ClearSent();
 }
 
-std::vector<ByteVector> Frames(const CFakeConnector& fake_I) {
-    std::vector<ByteVector> frames;
-    for (const SSentRequest& sent : fake_I.Sent()) {
-        frames.push_back(sent.frame);
-    }
-    return frames;
-}
-
 } // namespace
-
-TEST(CDisplaySession, SaveCommitsInMemoryEvenWhenTheScalerFailsToStore) {
-    CDisplaySession session;
-    session.mFake->SetVcp(0x10, 50, 100);
-    ReadAll(session, {vcpC_Luminance});
-    ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Luminance, 30));
-    session.mFake->QueueReply({});
-    EXPECT_FALSE(session.mDisplay.SaveSettings());
-    EXPECT_FALSE(session.mDisplay.IsAnyOptionModified());
-    EXPECT_EQ(session.mDisplay.GetOptions().at(vcpC_Luminance)->GetOriginal(), 30);
-}
-
-TEST(CDisplaySession, RevertSettingsWritesEveryChangeBackInCodeOrder) {
-    CDisplaySession session;
-    session.mFake->SetVcp(0x10, 50, 100);
-    session.mFake->SetVcp(0x12, 60, 100);
-    session.mFake->SetVcp(0x14, 5, 0);
-    ReadAll(session, {vcpC_SelectColorPreset, vcpC_Contrast, vcpC_Luminance});
-    ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_SelectColorPreset, 8));
-    ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Luminance, 30));
-    session.mFake->ClearSent();
-    session.mDisplay.RevertSettings();
-    EXPECT_EQ(Frames(*session.mFake),
-              (std::vector<ByteVector>{BuildSetVCPFeature(0x10, 50), BuildGetVCPFeature(0x10),
-                                       BuildSetVCPFeature(0x14, 5), BuildGetVCPFeature(0x14)}));
-    EXPECT_FALSE(session.mDisplay.IsAnyOptionModified());
-
-    // A failing display: each option is tried twice and the loop goes on.
-    ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Luminance, 30));
-    ASSERT_TRUE(session.mDisplay.SetVCPValue(vcpC_Contrast, 40));
-    session.mFake->ClearSent();
-    session.mFake->SetOpen(false);
-    session.mDisplay.RevertSettings();
-    EXPECT_EQ(session.mFake->Sent().size(), 6u);
-}
 
 TEST(CDisplaySession, RevertVCPValueRetriesTheReadLongerOnCedar) {
     struct SCase {
@@ -71,7 +27,6 @@ TEST(CDisplaySession, RevertVCPValueRetriesTheReadLongerOnCedar) {
     const ByteVector good = FeatureReply(0x10, 0, 100, 50);
     const SCase cases[] = {
         {kBirch, {null, good}, true, {50}},
-        {kBirch, {null, {}, good}, true, {50, 60}},
         {kCedarSmall, {null, {}, good}, true, {50, 1000}},
         {kCedarSmall, {null, {}, {}}, false, {50, 1000}},
         // A lost write counts only when the read finds the value back.
@@ -137,15 +92,4 @@ TEST(CDisplayModels, EachPredicateNamesItsModels) {
                 << std::hex << edid << " predicate " << &p - predicates;
         }
     }
-}
-
-TEST(CEdidBuilder, MapsEdidNumbersToTablets) {
-    EXPECT_EQ(CEdidBuilder::EdidListForTablet(TabletId::BirchTouch),
-              (std::vector<uint16_t>{0x1043, 0x1048}));
-    EXPECT_FALSE(CEdidBuilder::IsEdidOfTablet(TabletId::Birch, 0x1043));
-    EXPECT_TRUE(CEdidBuilder::IsEdidOfTablet(TabletId::FirLarge, 0x1065));
-    EXPECT_EQ(CEdidBuilder::TabletForEdid(0x1099), CEdidBuilder::kNoTablet);
-    // A number already present keeps its first tablet.
-    CEdidBuilder::AddEdid(TabletId::Alder, 0x1041);
-    EXPECT_EQ(CEdidBuilder::TabletForEdid(0x1041), TabletId::Aspen);
 }

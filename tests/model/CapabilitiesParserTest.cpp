@@ -1,10 +1,7 @@
 #include "model/CapabilitiesParser.h"
 #include "model/VCPOptionCodeWithEnumerationT.h"
-#include "model/VCPOptionSingleCode.h"
 
 #include <gtest/gtest.h>
-
-#include <typeinfo>
 
 namespace {
 
@@ -74,57 +71,8 @@ TEST(CreateVCPCodeMap, MakesOneOptionPerKnownCodeWithItsList) {
     }
 }
 
-TEST(CreateVCPCodeMap, ChoosesTheClassByCodeAndKind) {
-    const VCPCodeInfoMap info = BuildVCPCodeInfoTable(false);
-    const VCPOptionsMap options = CreateVCPCodeMap(
-        "10 14(05) 72(00 01) 86(01) E2(02) E0(00) E3(00) EF(01) F0(01) 60", info, false);
-    struct SCase {
-        int code;
-        const std::type_info& type;
-    };
-    const SCase cases[] = {
-        {0x10, typeid(VCPOptionSingleCode)},
-        {0x14, typeid(VCPOptionCodeWithEnumerationT<colorPresetCode>)},
-        {0x72, typeid(VCPOptionCodeWithEnumerationT<gammaCode>)},
-        {0x86, typeid(VCPOptionCodeWithEnumerationT<displayScalingCode>)},
-        {0xE2, typeid(VCPOptionCodeWithEnumerationT<displayScalingCode>)},
-        {0xE0, typeid(VCPOptionCodeWithEnumerationT<uniformityCompCode>)},
-        {0xE3, typeid(VCPOptionCodeWithEnumerationT<colorSpaceCode>)},
-        {0xEF, typeid(VCPOptionCodeWithEnumerationT<ledBrightnessCode>)},
-        {0xF0, typeid(VCPOptionCodeWithEnumerationT<displayPresetCode>)},
-        {0x60, typeid(VCPOptionCodeWithEnumerationT<int>)},
-    };
-    ASSERT_EQ(options.size(), std::size(cases));
-    for (const SCase& c : cases) {
-        const VCPOptionBase& option = *options.at(static_cast<vcpCode>(c.code));
-        EXPECT_EQ(typeid(option), c.type) << c.code;
-    }
-
-    const VCPOptionsMap levels = CreateVCPCodeMap("72(00 01)", BuildVCPCodeInfoTable(true), true);
-    EXPECT_EQ(typeid(*levels.at(vcpC_Gamma)), typeid(VCPOptionSingleCode));
-}
-
 TEST(CreateCommandsVector, ReadsUpToTheFirstBadToken) {
     EXPECT_EQ(CreateCommandsVector("01 02 03 07 0C E3 F3"),
               (std::vector<int32_t>{1, 2, 3, 7, 0x0C, 0xE3, 0xF3}));
     EXPECT_EQ(CreateCommandsVector("01 xx 03"), (std::vector<int32_t>{1}));
-}
-
-TEST(WidenBatteryModeOptions, RepairsOnlyTheExactText) {
-    struct SCase {
-        const char* text;
-        const char* repaired;
-    };
-    const SCase cases[] = {
-        {"10 F4(02 03) F0(01)", "10 F4(00 02 03) F0(01)"},
-        {"F4(00 02 03)", nullptr},
-        {"F4(02)", nullptr},
-        {"F4(02 03 04)", nullptr},
-        {"10 12", nullptr},
-    };
-    for (const SCase& c : cases) {
-        std::string text = c.text;
-        EXPECT_EQ(WidenBatteryModeOptions(text), c.repaired != nullptr) << c.text;
-        EXPECT_EQ(text, c.repaired != nullptr ? c.repaired : c.text);
-    }
 }

@@ -56,15 +56,4 @@ TEST(SCustomColorTest, FromCMYKRoundsAndKeepsComponentsInRange) {
     }
 }
 
-TEST(EColorModTest, SlotsHaveTheirCodeTriples) {
-    const std::vector<int> codes[] = {
-        {0x9B, 0x9D, 0x9F}, {0x59, 0x5B, 0x5D}, {0x16, 0x18, 0x1A}, {0xE4, 0xE5, 0xE6}};
-    for (int slot = 0; slot < 4; ++slot) {
-        const SColorModCodes* found = FindColorModCodes(static_cast<EColorMod>(slot));
-        ASSERT_NE(found, nullptr) << slot;
-        EXPECT_EQ((std::vector<int>{found->red, found->green, found->blue}), codes[slot]);
-    }
-    EXPECT_EQ(FindColorModCodes(static_cast<EColorMod>(4)), nullptr);
-}
-
 } // namespace

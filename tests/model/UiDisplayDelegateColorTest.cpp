@@ -46,22 +46,15 @@ TEST(UiDisplayDelegateColorTest, GetColorSettingFollowsTheDisplay) {
         {"Birch movie preset", Edid::Birch, {{0xF0, 3}}, kS, temperature, kT, {{0xF0, 7}}},
         {"Birch standard preset also cycles uniformity", Edid::Birch, {{0xF0, 1}, {0x14, 6}}, kS,
          temperature, kT, {{0xF0, 7}, {0xE0, 1}, {0xE0, 0}}},
-        {"ElmLarge native", Edid::ElmLarge, {{0xF0, 0}}, kS, temperature, kT, {}},
-        {"ElmLarge DCI P3", Edid::ElmLarge, {{0xF0, 8}}, kT, space, kS, {}},
         {"ElmSmall Adobe RGB at 9300K", Edid::ElmSmall, {{0xF0, 5}, {0x14, 8}}, kS, temperature, kT, {}},
-        {"ElmSmall Adobe RGB at 6500K keeps", Edid::ElmSmall, {{0xF0, 5}, {0x14, 5}}, kS, space, kS, {}},
         {"ElmSmall movie preset", Edid::ElmSmall, {{0xF0, 3}}, kT, space, kS, {{0xF0, 5}}},
         {"Fir user colour", Edid::FirSmall, {{0x14, 11}}, kS, custom, kC, {}},
-        {"Aspen user colour keeps the setting", Edid::Aspen, {{0x14, 11}}, kS, custom, kS, {}},
-        {"Cedar Adobe RGB keeps", Edid::CedarSmall, {{0xE3, 1}}, kS, space, kS, {}},
         {"Cedar native at 5000K", Edid::CedarSmall, {{0xE3, 7}, {0x14, 4}}, kS, temperature, kT, {}},
         {"Cedar native at user colour", Edid::CedarSmall, {{0xE3, 7}, {0x14, 11}}, kS, custom, kC, {}},
         {"CedarTwo neutral gains", Edid::CedarSmallTwo,
          {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 128, 255}, {0x1A, 128, 255}}, kT, space, kS, {}},
         {"CedarTwo 5000K gains", Edid::CedarSmallTwo,
          {{0xF0, 7}, {0x14, 11}, {0x16, 128, 255}, {0x18, 98, 255}, {0x1A, 96, 255}}, kS, temperature, kT, {{0x14, 4}}},
-        {"CedarTwo other gains", Edid::CedarSmallTwo,
-         {{0xF0, 7}, {0x14, 11}, {0x16, 10, 255}, {0x18, 20, 255}, {0x1A, 30, 255}}, kS, custom, kC, {}},
         // clang-format on
     };
     for (const SSettingCase& c : cases) {
@@ -80,59 +73,6 @@ TEST(UiDisplayDelegateColorTest, GetColorSettingFollowsTheDisplay) {
     }
 }
 
-struct SSetCase {
-    const char* name;
-    uint16_t edid;
-    std::vector<SFakeCode> changes;
-    int setting;
-    bool result;
-    Writes writes;
-    // Leaves custom colour, which goes back to the default preset.
-    bool fromCustom = false;
-};
-
-TEST(UiDisplayDelegateColorTest, SetColorSettingByModel) {
-    const SSetCase cases[] = {
-        // clang-format off
-        {"Birch temperature", Edid::Birch, {{0xF0, 9}}, 0, true, {{0xF0, 7}}},
-        {"Birch space goes back to the default preset", Edid::Birch,
-         {{0xF0, 9}, {0xE3, 3}, {0x14, 8}}, 1, true, {{0xF0, 7}, {0x14, 5}}},
-        {"Birch has no fourth setting", Edid::Birch, {}, 3, false, {}},
-        {"ElmSmall custom", Edid::ElmSmall, {}, 2, true, {{0xF0, 13}}},
-        {"ElmSmall temperature leaves the space first", Edid::ElmSmall, {{0xF0, 6}, {0x14, 8}}, 0,
-         true, {{0x14, 5}, {0xF0, 5}}},
-        {"ElmLarge temperature at preset 12", Edid::ElmLarge, {{0x14, 12}}, 0, true, {{0x14, 5}}},
-        {"Fir custom", Edid::FirSmall, {}, 2, true, {{0x14, 11}}},
-        {"Fir has no colour space", Edid::FirSmall, {}, 1, false, {}},
-        {"Aspen temperature from user colour", Edid::Aspen, {{0x14, 11}}, 0, true, {{0x14, 5}}},
-        {"Cedar space", Edid::CedarSmall, {{0xE3, 1}, {0x14, 8}}, 1, true, {{0xE3, 7}, {0x14, 5}}},
-        {"Cedar temperature from space", Edid::CedarSmall, {{0xE3, 1}, {0x14, 8}}, 0, true, {{0xE3, 7}}},
-        {"CedarTwo temperature", Edid::CedarSmallTwo, {{0xF0, 1}, {0x14, 8}}, 0, true,
-         {{0xF0, 7}, {0x16, 128}, {0x18, 128}, {0x1A, 128}, {0x14, 5}}},
-        {"a model of no family", Edid::Unknown, {}, 0, false, {}},
-        {"ElmSmall custom to space", Edid::ElmSmall, {{0x14, 8}}, 1, true, {{0x14, 5}, {0xF0, 5}}, true},
-        {"ElmLarge custom to temperature", Edid::ElmLarge, {{0x14, 8}}, 0, true, {{0x14, 5}}, true},
-        {"ElmLarge custom to space", Edid::ElmLarge, {{0x14, 8}}, 1, true, {{0xF0, 5}}, true},
-        {"Cedar custom to temperature", Edid::CedarSmall, {{0x14, 8}, {0xE3, 1}}, 0, true, {{0x14, 5}}, true},
-        // clang-format on
-    };
-    for (const SSetCase& c : cases) {
-        SCOPED_TRACE(c.name);
-        CDelegateBench bench(c.edid, c.changes);
-        Delegate& d = *bench.mDelegate;
-        bench.ReadAll();
-        if (c.fromCustom) {
-            ASSERT_TRUE(d.SetColorSetting(eColorSetting_Custom));
-            bench.ClearTraffic();
-        }
-        EXPECT_EQ(d.SetColorSetting(static_cast<EColorSetting>(c.setting)), c.result);
-        EXPECT_EQ(bench.SentWrites(), c.writes);
-        if (c.edid != Edid::Aspen) {
-            EXPECT_EQ(d.ColorSetting(), c.result ? c.setting : eColorSetting_Space);
-        }
-    }
-}
-
 TEST(UiDisplayDelegateColorTest, CedarCustomColorPassesANeighbourSoTheScalerSeesAChange) {
     struct SCase {
         uint16_t edid, red, green, blue;
@@ -143,9 +83,7 @@ TEST(UiDisplayDelegateColorTest, CedarCustomColorPassesANeighbourSoTheScalerSees
         // Too dark to be meant: neutral grey, reached from above.
         {Edid::CedarSmall, 10, 10, 10, {{0x16, 128}, {0x18, 128}, {0x1A, 128}, {0x16, 127}, {0x18, 127}, {0x1A, 127}}},
         {Edid::CedarSmall, 100, 50, 50, {{0x16, 99}, {0x16, 100}}},
-        {Edid::CedarSmall, 20, 40, 10, {{0x18, 39}, {0x18, 40}}},
         {Edid::CedarSmall, 20, 20, 100, {{0x1A, 99}, {0x1A, 100}}},
-        {Edid::CedarSmall, 31, 10, 10, {{0x16, 30}, {0x16, 31}}},
         {Edid::CedarSmall, 30, 31, 32, {{0x1A, 31}, {0x1A, 32}}},
         // The second generation's native space starts from neutral gains, so its custom colour
         // does too.
@@ -241,19 +179,6 @@ TEST(UiDisplayDelegateColorTest, FactoryResetWaitsOnTheSlowScalersAndForgetsEver
         bench.ClearTraffic();
         d.GetContrast();
         EXPECT_EQ(bench.Traffic(), 1u) << c.edid;
-    }
-}
-
-TEST(UiDisplayDelegateColorTest, ResetColorOnlyWhereOffered) {
-    for (const bool offered : {true, false}) {
-        CDelegateBench bench(Edid::Birch, {{0x08, 0, 0, false, !offered}});
-        bench.ReadAll();
-        bench.mDelegate->SetColorSetting(eColorSetting_Custom);
-        bench.ClearTraffic();
-        EXPECT_EQ(bench.mDelegate->SetResetColor(), offered);
-        EXPECT_EQ(bench.SentWrites(), offered ? (Writes{{0x08, 1}}) : Writes{});
-        EXPECT_EQ(bench.mDelegate->ColorSetting(),
-                  offered ? eColorSetting_Space : eColorSetting_Custom);
     }
 }
 

@@ -58,11 +58,9 @@ TEST(UiDisplayDelegateStatusTest, EveryControlOfEveryFamily) {
         //                                                                  brightness .. firmware
         {"Birch",                     Edid::Birch,         {},              false, "UUUHUHUUUUUUDHHHHUUUH"},
         {"Birch calibrated",          Edid::Birch,         {{0xF0, 5}},     false, "DDDHUHUDDDDDDHHHHDDUH"},
-        {"Birch with uniformity",     Edid::Birch,         {{0xE0, 1}},     false, "UDUHUHUUUUUDDHHHHUUUH"},
         {"Birch in movie preset",     Edid::Birch,         {{0xF0, 3}},     false, "UUUHUHUDUUDUUHHHHUUUH"},
         {"ElmSmall",                  Edid::ElmSmall,      {},              false, "UUUHUHUUUUUUDHHUHUUUH"},
         {"ElmSmall dynamic contrast", Edid::ElmSmall,      {{0xE8, 1}},     false, "DUUHUHUUUUDDDHHUHUUUH"},
-        {"ElmSmall native",           Edid::ElmSmall,      {{0xF0, 0}},     false, "UUUHUHUDUUDUDHHUHUUUH"},
         {"ElmSmall in movie preset",  Edid::ElmSmall,      {{0xF0, 3}},     false, "UUUHUHUDUUUUUHHUHUUUH"},
         {"ElmSmall calibrated",       Edid::ElmSmall,      {{0xF0, 12}},    false, "DDDHUHUDDDDDDHHUHDDUH"},
         {"ElmHuge",                   Edid::ElmHuge,       {},              false, "UUUHUHUUUUUUDHHUHHUUH"},
@@ -91,33 +89,6 @@ TEST(UiDisplayDelegateStatusTest, EveryControlOfEveryFamily) {
     }
 }
 
-TEST(UiDisplayDelegateStatusTest, ColorControlsFollowTheColorSetting) {
-    struct SCase {
-        uint16_t edid;
-        EColorSetting setting;
-        const char* expected; // temperature, space, custom colour, gamma
-    };
-    const SCase cases[] = {
-        {Edid::Birch, eColorSetting_Temperature, "UHHU"},
-        {Edid::Birch, eColorSetting_Space, "HUHU"},
-        {Edid::Birch, eColorSetting_Custom, "HHUD"},
-        {Edid::ElmLarge, eColorSetting_Temperature, "UHHU"},
-        {Edid::ElmLarge, eColorSetting_Space, "HUHD"},
-        {Edid::ElmLarge, eColorSetting_Custom, "HHUU"},
-        {Edid::FirSmall, eColorSetting_Custom, "HHUH"},
-    };
-    for (const SCase& c : cases) {
-        CDelegateBench bench(c.edid);
-        Delegate& d = *bench.mDelegate;
-        bench.ReadAll();
-        d.SetColorSetting(c.setting);
-        ASSERT_EQ(d.ColorSetting(), c.setting) << c.edid;
-        const std::string actual{Letter(d.ColorTemperatureStatus()), Letter(d.ColorSpaceStatus()),
-                                 Letter(d.CustomColorStatus()), Letter(d.GammaStatus())};
-        EXPECT_EQ(actual, c.expected) << c.edid << " setting " << c.setting;
-    }
-}
-
 TEST(UiDisplayDelegateStatusTest, TooDarkByModel) {
     struct SCase {
         uint16_t edid;
@@ -129,13 +100,10 @@ TEST(UiDisplayDelegateStatusTest, TooDarkByModel) {
         // Brightness plus nine times the contrast: 199 is too dark, 200 is not.
         {Edid::Birch, eColorSetting_Space, 28, 19, true},
         {Edid::Birch, eColorSetting_Space, 29, 19, false},
-        {Edid::Unknown, eColorSetting_Space, 20, 19, true},
         {Edid::Aspen, eColorSetting_Space, 19, 19, true},
         {Edid::Aspen, eColorSetting_Space, 19, 20, false},
-        {Edid::Alder, eColorSetting_Space, 0, 25, false},
         {Edid::ElmSmall, eColorSetting_Space, 0, 0, false},
         {Edid::ElmSmall, eColorSetting_Custom, 20, 19, true},
-        {Edid::ElmLarge, eColorSetting_Custom, 30, 19, false},
         {Edid::CedarSmall, eColorSetting_Space, 0, 0, false},
     };
     for (const SCase& c : cases) {

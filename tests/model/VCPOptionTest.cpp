@@ -22,23 +22,6 @@ std::unique_ptr<Choice> ChoiceHolding(int32_t raw_I, const char* set_I = "",
 
 } // namespace
 
-TEST(VCPOptionCodeWithEnumeration, SetValueChecksTheListAndRefusesThePresentValue) {
-    auto option = ChoiceHolding(5, "04 05 08");
-    option->SetError("vcp code error");
-    EXPECT_FALSE(option->SetValue(5));
-    EXPECT_EQ(option->GetError(), "vcp code error") << "a refusal leaves the error alone";
-    EXPECT_FALSE(option->SetValue(6));
-    EXPECT_TRUE(option->SetValue(8));
-    EXPECT_FALSE(option->HasError());
-    EXPECT_TRUE(option->IsModified());
-    EXPECT_TRUE(option->SetValue(0x00010005)) << "the list test looks at the low half";
-    EXPECT_EQ(option->GetValue(), 0x00010005);
-    EXPECT_FALSE(option->SetOriginal(6));
-    EXPECT_EQ(option->GetOriginal(), 5);
-    EXPECT_EQ(option->GetRange(), SVCPRange{});
-    EXPECT_TRUE(ChoiceHolding(0)->SetValue(-3)) << "an empty list allows every value";
-}
-
 TEST(VCPOptionCodeWithEnumeration, ReadsTheListUpToTheFirstBadToken) {
     const struct {
         const char* text;
