@@ -20,7 +20,7 @@ TEST(CDisplayInitialize, BuildsTheModelFromTheConnectorsCapabilityString) {
     CScopedVirtualClock clock;
     auto fake = std::make_shared<CFakeConnector>();
     fake->SetCapabilities(kTestCaps);
-    CDisplay display(fake, kBirch);
+    CDisplay display(fake, Edid::Birch);
     ASSERT_TRUE(display.Initialize(""));
     EXPECT_TRUE(fake->Sent().empty()) << "no VCP value is read";
     EXPECT_EQ(display.GetMonitorName(), "PDX-2700");
@@ -42,14 +42,14 @@ TEST(CDisplayInitialize, FailsWhenARequiredKeyIsMissingOrEmpty) {
         bool result;
     };
     const SCase cases[] = {
-        {kBirch, "", false},
-        {kBirch, "(prot(monitor)type(LCD)model()cmds(01)vcp(10)mccs_ver(2.2))", false},
-        {kBirch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10))", false},
+        {Edid::Birch, "", false},
+        {Edid::Birch, "(prot(monitor)type(LCD)model()cmds(01)vcp(10)mccs_ver(2.2))", false},
+        {Edid::Birch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10))", false},
         // The Elm's firmware omits the version; 2.2 stands in.
-        {kElmSmall, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10))", true},
-        {kBirch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(C0 74)mccs_ver(2.2))", false},
-        {kBirch, "(prot(monitor)type(LCD)model(A)cmds(zz)vcp(10)mccs_ver(2.2))", false},
-        {kBirch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10)mccs_ver(2.2))", true},
+        {Edid::ElmSmall, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10))", true},
+        {Edid::Birch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(C0 74)mccs_ver(2.2))", false},
+        {Edid::Birch, "(prot(monitor)type(LCD)model(A)cmds(zz)vcp(10)mccs_ver(2.2))", false},
+        {Edid::Birch, "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10)mccs_ver(2.2))", true},
     };
     for (const SCase& c : cases) {
         SCOPED_TRACE(c.caps);
@@ -76,17 +76,17 @@ TEST(CDisplayInitialize, RepairsTheOptionsThatSomeModelsAnnounceWrongly) {
     const auto* colorPresets = &typeid(VCPOptionCodeWithEnumerationT<colorPresetCode>);
     const SCase cases[] = {
         // clang-format off
-        {kCedarSmall, with, vcpC_SelectColorPreset, true, {4, 5, 8, 11}, colorPresets},
-        {kCedarSmall, without, vcpC_SelectColorPreset, true, {4, 5, 8, 11}, colorPresets},
-        {kCedarSmall, with, vcpC_BatteryMode, true, {2, 3}, nullptr},
-        {kCedarSmallTwo, with, vcpC_BatteryMode, true, {0, 2, 3}, nullptr},
-        {kElmLarge, with, vcpC_DisplayPresets, true, {0, 5, 6, 7, 8, 9, 10, 11, 12, 13}, colorPresets},
-        {kElmHuge, with, vcpC_FanSpeed, false, {}, nullptr},
-        {kElmHuge, with, vcpC_DisplayPresets, true, {1}, &typeid(VCPOptionCodeWithEnumerationT<displayPresetCode>)},
-        {kBirch, with, vcpC_FanSpeed, true, {0, 1}, nullptr},
-        {kBirch, without, vcpC_SelectColorPreset, false, {}, nullptr},
-        {kBirch, with, vcpC_Gamma, true, {0, 1}, &typeid(VCPOptionCodeWithEnumerationT<gammaCode>)},
-        {kElmSmall, with, vcpC_Gamma, true, {}, &typeid(VCPOptionSingleCode)},
+        {Edid::CedarSmall, with, vcpC_SelectColorPreset, true, {4, 5, 8, 11}, colorPresets},
+        {Edid::CedarSmall, without, vcpC_SelectColorPreset, true, {4, 5, 8, 11}, colorPresets},
+        {Edid::CedarSmall, with, vcpC_BatteryMode, true, {2, 3}, nullptr},
+        {Edid::CedarSmallTwo, with, vcpC_BatteryMode, true, {0, 2, 3}, nullptr},
+        {Edid::ElmLarge, with, vcpC_DisplayPresets, true, {0, 5, 6, 7, 8, 9, 10, 11, 12, 13}, colorPresets},
+        {Edid::ElmHuge, with, vcpC_FanSpeed, false, {}, nullptr},
+        {Edid::ElmHuge, with, vcpC_DisplayPresets, true, {1}, &typeid(VCPOptionCodeWithEnumerationT<displayPresetCode>)},
+        {Edid::Birch, with, vcpC_FanSpeed, true, {0, 1}, nullptr},
+        {Edid::Birch, without, vcpC_SelectColorPreset, false, {}, nullptr},
+        {Edid::Birch, with, vcpC_Gamma, true, {0, 1}, &typeid(VCPOptionCodeWithEnumerationT<gammaCode>)},
+        {Edid::ElmSmall, with, vcpC_Gamma, true, {}, &typeid(VCPOptionSingleCode)},
         // clang-format on
     };
     for (const SCase& c : cases) {

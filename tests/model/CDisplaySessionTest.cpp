@@ -26,12 +26,12 @@ TEST(CDisplaySession, RevertVCPValueRetriesTheReadLongerOnCedar) {
     const ByteVector null = BuildNullMessage();
     const ByteVector good = FeatureReply(0x10, 0, 100, 50);
     const SCase cases[] = {
-        {kBirch, {null, good}, true, {50}},
-        {kCedarSmall, {null, {}, good}, true, {50, 1000}},
-        {kCedarSmall, {null, {}, {}}, false, {50, 1000}},
+        {Edid::Birch, {null, good}, true, {50}},
+        {Edid::CedarSmall, {null, {}, good}, true, {50, 1000}},
+        {Edid::CedarSmall, {null, {}, {}}, false, {50, 1000}},
         // A lost write counts only when the read finds the value back.
-        {kBirch, {{}, {}, good}, true, {50, 60, 50}},
-        {kBirch, {{}, {}, FeatureReply(0x10, 0, 100, 30)}, false, {50, 60, 50}},
+        {Edid::Birch, {{}, {}, good}, true, {50, 60, 50}},
+        {Edid::Birch, {{}, {}, FeatureReply(0x10, 0, 100, 30)}, false, {50, 60, 50}},
     };
     for (const SCase& c : cases) {
         SCOPED_TRACE(&c - cases);

@@ -3,31 +3,13 @@
 // scaler offers the family's codes with their values and maxima, answers reads from them and
 // takes writes into them. Each case changes, refuses or removes a few codes.
 
-#include "foundation/VirtualClock.h"
+#include "DisplayTestSupport.h"
 #include "model/UiDisplayDelegate.h"
-#include "support/CFakeConnector.h"
 
 #include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
-
-// EDID numbers of one model of each family.
-namespace Edid {
-constexpr uint16_t Alder = 0x1040;
-constexpr uint16_t Aspen = 0x1041;
-constexpr uint16_t Birch = 0x1044;
-constexpr uint16_t ElmSmall = 0x1054;
-constexpr uint16_t ElmLarge = 0x1060;
-constexpr uint16_t ElmHuge = 0x1057;
-constexpr uint16_t FirSmall = 0x1064;
-constexpr uint16_t FirSmallTwo = 0x1071;
-constexpr uint16_t Hazel = 0x1070;
-constexpr uint16_t CedarSmall = 0x1052;
-constexpr uint16_t CedarSmallTwo = 0x1066;
-// In no table of the delegate.
-constexpr uint16_t Unknown = 0x1234;
-} // namespace Edid
 
 struct SFakeCode {
     uint8_t code;

@@ -1,7 +1,6 @@
 // The colour setting, the reads that write, the custom colour records and the resets.
 
 #include "DelegateBench.h"
-#include "DisplayTestSupport.h"
 
 #include <gtest/gtest.h>
 
