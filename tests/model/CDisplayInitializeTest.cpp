@@ -16,23 +16,16 @@ std::vector<int32_t> ValuesOf(const CDisplay& display_I, vcpCode code_I) {
 
 } // namespace
 
-TEST(CDisplayInitialize, BuildsTheModelFromTheConnectorsCapabilityString) {
-    CScopedVirtualClock clock;
-    auto fake = std::make_shared<CFakeConnector>();
-    fake->SetCapabilities(kTestCaps);
-    CDisplay display(fake, Edid::Birch);
-    ASSERT_TRUE(display.Initialize(""));
-    EXPECT_TRUE(fake->Sent().empty()) << "no VCP value is read";
-    EXPECT_EQ(display.GetMonitorName(), "PDX-2700");
-    EXPECT_EQ(display.GetMCCSVersion(), FileVersion(2, 2, 0, 0, 0));
-    EXPECT_EQ(display.GetOptions().size(), 12u);
-    EXPECT_EQ(ValuesOf(display, vcpC_SelectColorPreset), (std::vector<int32_t>{5, 8, 11}));
-
+TEST(CDisplayInitialize, BuildsTheModelWithoutReadingAValue) {
+    CDisplaySession session;
+    ASSERT_TRUE(session.mInitialized);
+    EXPECT_TRUE(session.mFake->Sent().empty());
+    EXPECT_EQ(session.mDisplay.GetMonitorName(), "PDX-2700");
+    EXPECT_EQ(ValuesOf(session.mDisplay, vcpC_SelectColorPreset), (std::vector<int32_t>{5, 8, 11}));
     // A given text is taken without asking the connector.
     const char caps[] = "(prot(monitor)type(LCD)model(A)cmds(01)vcp(10 14(01))mccs_ver(2.1))";
-    ASSERT_TRUE(display.Initialize(caps));
-    EXPECT_EQ(display.GetCapabilitiesString(), caps);
-    EXPECT_EQ(display.GetOptions().size(), 2u);
+    ASSERT_TRUE(session.mDisplay.Initialize(caps));
+    EXPECT_EQ(session.mDisplay.GetOptions().size(), 2u);
 }
 
 TEST(CDisplayInitialize, FailsWhenARequiredKeyIsMissingOrEmpty) {

@@ -101,7 +101,6 @@ TEST(UiDisplayDelegateStatusTest, TooDarkByModel) {
         {Edid::Aspen, eColorSetting_Space, 19, 20, false},
         {Edid::ElmSmall, eColorSetting_Space, 0, 0, false},
         {Edid::ElmSmall, eColorSetting_Custom, 20, 19, true},
-        {Edid::CedarSmall, eColorSetting_Space, 0, 0, false},
     };
     for (const SCase& c : cases) {
         CDelegateBench bench(c.edid);

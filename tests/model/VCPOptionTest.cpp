@@ -63,22 +63,3 @@ TEST(VCPOptionCodeWithEnumeration, SeesThroughAnAllOnesHighHalfOnly) {
     ASSERT_TRUE(whole->SetOriginal(static_cast<int32_t>(0xFFFF0005u)));
     EXPECT_TRUE(whole->IsModified());
 }
-
-TEST(VCPOptionSingleCode, SetValueHoldsToTheRangeAndRefusesThePresentValue) {
-    VCPOptionSingleCode option(vcpC_Luminance, SVCPCodeInfo::Continuous(A::eReadWrite));
-    EXPECT_FALSE(option.SetValue(0)) << "0 is the present value before the first read";
-    EXPECT_FALSE(option.SetValue(1)) << "the range is 0 to 0 before the first read";
-    option.SetMaximum(100);
-    EXPECT_EQ(option.GetRange(), (SVCPRange{0, 100}));
-    EXPECT_FALSE(option.SetValue(101));
-    EXPECT_FALSE(option.SetValue(-1));
-    EXPECT_FALSE(option.SetOriginal(101));
-    EXPECT_FALSE(option.IsOriginalSet());
-    EXPECT_TRUE(option.SetValue(100));
-    EXPECT_TRUE(option.SetOriginal(100));
-    EXPECT_TRUE(option.IsOriginalSet());
-    // A minimum above the maximum is a range that wraps.
-    option.SetMaximum(-1);
-    EXPECT_TRUE(option.SetValue(-5));
-    EXPECT_TRUE(option.SetValue(7));
-}
