@@ -102,7 +102,6 @@ TEST(CDisplayWrite, LetsTheDisplaySettleAsLongAsTheFeatureNeeds) {
         {vcpC_DisplayPresets, 2, true, 0.07, true, {50, 700, 1300}},
         {vcpC_UniformityCompensation, 0, true, 0.07, true, {50, 1000}},
         {vcpC_RestoreFactoryDefaults, 2, true, 0.07, true, {50, 5000}},
-        {vcpC_RestoreFactoryColorDefaults, 2, true, 0.07, true, {50, 5000}},
         // A dead channel: the settle time is kept, and a failed scaling write counts as done.
         {vcpC_DisplayScaling, 2, false, 0.25, true, {50}},
         {vcpC_RestoreFactoryDefaults, 2, false, 0.07, false, {50, 5000, 60, 50, 5000}},

@@ -60,7 +60,6 @@ TEST(UiDisplayDelegateStatusTest, EveryControlOfEveryFamily) {
         {"Birch calibrated",          Edid::Birch,         {{0xF0, 5}},     false, "DDDHUHUDDDDDDHHHHDDUH"},
         {"Birch in movie preset",     Edid::Birch,         {{0xF0, 3}},     false, "UUUHUHUDUUDUUHHHHUUUH"},
         {"ElmSmall",                  Edid::ElmSmall,      {},              false, "UUUHUHUUUUUUDHHUHUUUH"},
-        {"ElmSmall dynamic contrast", Edid::ElmSmall,      {{0xE8, 1}},     false, "DUUHUHUUUUDDDHHUHUUUH"},
         {"ElmSmall calibrated",       Edid::ElmSmall,      {{0xF0, 12}},    false, "DDDHUHUDDDDDDHHUHDDUH"},
         {"ElmLarge",                  Edid::ElmLarge,      {},              false, "UUUHUHUDUUUUUHUUHHUUH"},
         {"FirSmall",                  Edid::FirSmall,      {},              false, "UUUHHHHHUHHHHUHHHHHHH"},
