@@ -1,4 +1,5 @@
-// The colour setting, the reads that write, the custom colour records and the resets.
+// The colour setting as the display shows it, the reads that write, custom colours, colour
+// scales and the factory reset.
 
 #include "DelegateBench.h"
 

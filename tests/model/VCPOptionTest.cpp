@@ -1,5 +1,4 @@
 #include "model/VCPOptionCodeWithEnumerationT.h"
-#include "model/VCPOptionSingleCode.h"
 
 #include <gtest/gtest.h>
 
