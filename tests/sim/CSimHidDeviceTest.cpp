@@ -111,23 +111,4 @@ TEST_F(HidDevice, MalformedReportsAreRefusedAndNoted) {
     EXPECT_EQ(Poll()[7], 0x80);
 }
 
-TEST_F(HidDevice, SilentScalerAnswersDoneWithoutFrame) {
-    ASSERT_TRUE(mDevice.SetFeature(RequestReport(0x02, kSetLuminance)));
-    const Bytes report = Poll();
-    EXPECT_EQ(report[4], CSimHidDevice::kStatusNoReply);
-    EXPECT_EQ(report[6], 0x00);
-}
-
-TEST_F(HidDevice, AbsentOrHeldDeviceRefuses) {
-    mDevice.SetHeldExclusively(true);
-    EXPECT_FALSE(mDevice.Open());
-    mDevice.SetHeldExclusively(false);
-    mDevice.SetPresent(false);
-    EXPECT_FALSE(mDevice.Open());
-    Bytes report = StatusReport();
-    EXPECT_FALSE(mDevice.SetFeature(report));
-    EXPECT_FALSE(mDevice.GetFeature(report));
-    EXPECT_TRUE(mDevice.HostErrors().empty()) << "an absent device is no host error";
-}
-
 } // namespace

@@ -4,8 +4,6 @@
 #include "sim/SimDescription.h"
 #include "sim/SimModelTable.h"
 
-#include "foundation/VirtualClock.h"
-
 #include <gtest/gtest.h>
 
 #include <random>
@@ -59,72 +57,6 @@ TEST(SimDisplay, FaultsWaitTheirTurnAndStrikeTheirCount) {
     }
     EXPECT_EQ(struck, (std::vector<bool>{false, false, true, true, false, false}));
     EXPECT_FALSE(display.Faults().Armed(ESimFault::eNullMessage));
-
-    display.Faults().Arm({ESimFault::eSilence, 0, 0, -1});
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_TRUE(display.Transact(GetVcp(0x10)).empty());
-    }
-    display.Faults().Clear();
-    EXPECT_EQ(display.Transact(GetVcp(0x10)), kBrightness);
-}
-
-TEST(SimDisplay, StatusPollsSeeBusyAndLateScalers) {
-    CScopedVirtualClock clock;
-    CSimDisplay display = MakeAlder();
-    display.Faults().Arm({ESimFault::eNotReady, 0, 0, 2});
-    EXPECT_TRUE(display.PollNotReady());
-    EXPECT_TRUE(display.PollNotReady());
-    EXPECT_FALSE(display.PollNotReady());
-
-    display.Faults().Arm({ESimFault::eLate, 250});
-    EXPECT_EQ(display.Transact(GetVcp(0x10)), kBrightness);
-    clock->Advance(100);
-    EXPECT_TRUE(display.PollNotReady());
-    SleepMs(150);
-    EXPECT_FALSE(display.PollNotReady());
-}
-
-TEST(SimDisplay, UnpluggedDisplayIsSilentUntilPluggedInAgain) {
-    CSimDisplay display = MakeAlder();
-    display.Transact(SetVcp(0x12, 10));
-    display.Transact(Request({0x0C}));
-    display.Transact(SetVcp(0x12, 20));
-    display.Unplug();
-    EXPECT_TRUE(display.Transact(GetVcp(0x12)).empty());
-    display.Replug();
-    EXPECT_EQ(ParseVcpReply(display.Transact(GetVcp(0x12)), 0x12).value, 10);
-}
-
-TEST(SimDisplay, KnowsItsIdentityAndChannels) {
-    const SSimModel& elm = *FindSimModel("ElmLarge");
-    CSimDisplay display(elm, "SN00000000001", DefaultSimChannels(elm), 0x1063);
-    EXPECT_EQ(display.TabletId(), 0x0F5E037Cu);
-    EXPECT_EQ(display.EdidNumber(), 0x1063);
-    EXPECT_EQ(display.Edid()[10], 0x63);
-    EXPECT_TRUE(display.AnswersOn(ESimChannel::eFtdi));
-    EXPECT_TRUE(display.AnswersOn(ESimChannel::eVideo));
-    EXPECT_FALSE(display.AnswersOn(ESimChannel::eHid));
-    display.SetChannels(SimChannelBit(ESimChannel::eHid));
-    EXPECT_TRUE(display.AnswersOn(ESimChannel::eHid));
-    EXPECT_FALSE(display.AnswersOn(ESimChannel::eVideo));
-
-    const struct {
-        std::string_view model;
-        SimChannelSet channels;
-    } defaults[] = {
-        {"Alder", SimChannelBit(ESimChannel::eSerial)},
-        {"CedarSmall", SimChannelBit(ESimChannel::eTi)},
-        {"CedarLargeTwo", SimChannelBit(ESimChannel::eFtdi)},
-        {"Hazel", static_cast<SimChannelSet>(SimChannelBit(ESimChannel::eFtdi) |
-                                             SimChannelBit(ESimChannel::eHid) |
-                                             SimChannelBit(ESimChannel::eVideo))},
-        {"FirLarge", SimChannelBit(ESimChannel::eVideo)},
-    };
-    for (const auto& d : defaults) {
-        EXPECT_EQ(DefaultSimChannels(*FindSimModel(d.model)), d.channels) << d.model;
-    }
-    EXPECT_EQ(FindSimModelByEdid(0x1048), FindSimModel("BirchTouch"));
-    EXPECT_EQ(FindSimModelByEdid(0x1099), nullptr);
 }
 
 TEST(SimDisplay, AnyBytesGetAWellFormedReplyOrSilence) {

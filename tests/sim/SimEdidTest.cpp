@@ -49,17 +49,3 @@ TEST(SimEdid, EveryModelAndProductionRunHasAValidBlockWithItsIdentity) {
     EXPECT_EQ(productCodes.size(), 24u);
     EXPECT_EQ(SimModels().size(), 21u);
 }
-
-TEST(SimEdid, TwoDisplaysOfOneModelDifferOnlyInSerialAndChecksum) {
-    const SSimModel& birch = *FindSimModel("Birch");
-    const std::vector<uint8_t> first = BuildSimEdid(birch, 0x1044, "SN1");
-    const std::vector<uint8_t> second = BuildSimEdid(birch, 0x1044, "SN2");
-    std::vector<size_t> differing;
-    for (size_t i = 0; i < first.size(); ++i) {
-        if (first[i] != second[i]) {
-            differing.push_back(i);
-        }
-    }
-    EXPECT_EQ(differing, (std::vector<size_t>{97, 127}));
-    EXPECT_EQ(DescriptorText(first, 0xFF), "SN1");
-}

@@ -47,57 +47,6 @@ TEST_F(SimI2CSlave, WriteThenReadCarriesOneExchange) {
     EXPECT_FALSE(mBus.Address(0xA0)) << "no one else on this bus";
 }
 
-TEST_F(SimI2CSlave, RefusesTheChosenByteAndLosesThatRequest) {
-    mDisplay.Faults().Arm({ESimFault::eNack, 3});
-    EXPECT_TRUE(mBus.Address(0x6E));
-    EXPECT_TRUE(mBus.Write(0x51));
-    EXPECT_TRUE(mBus.Write(0x84));
-    EXPECT_FALSE(mBus.Write(0x03));
-    mBus.Stop();
-    EXPECT_EQ(I2CRead(mBus, 3), kNullMessage);
-    EXPECT_EQ(mDisplay.Scaler().Current(0x10), 50);
-    // Once only: the retry goes through.
-    EXPECT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 7)));
-    EXPECT_EQ(mDisplay.Scaler().Current(0x10), 7);
-
-    mDisplay.Faults().Arm({ESimFault::eNack, 0, 1, 1});
-    EXPECT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10))) << "skipped once";
-    EXPECT_FALSE(mBus.Address(0x6E));
-    mBus.Stop();
-}
-
-TEST_F(SimI2CSlave, BusyScalerReadsZeroUntilItsReplyIsReady) {
-    CScopedVirtualClock clock;
-    mDisplay.Faults().Arm({ESimFault::eNotReady});
-    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
-    EXPECT_EQ(I2CRead(mBus, 2), (Bytes{0x00, 0x00}));
-    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
-
-    mDisplay.Faults().Arm({ESimFault::eLate, 40});
-    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
-    clock->Advance(39);
-    EXPECT_EQ(I2CRead(mBus, 1), Bytes{0x00});
-    clock->Advance(1);
-    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply);
-}
-
-TEST_F(SimI2CSlave, SilentAndVanishedScalers) {
-    mDisplay.Faults().Arm({ESimFault::eSilence});
-    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
-    EXPECT_EQ(I2CRead(mBus, 2), (Bytes{0xFF, 0xFF}));
-
-    // Gone in the middle of a session: the request that meets it dies, then no address answers.
-    mDisplay.Faults().Arm({ESimFault::eUnplug, 0, 1});
-    ASSERT_TRUE(I2CWriteFrame(mBus, SetVcp(0x10, 9)));
-    EXPECT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
-    EXPECT_EQ(I2CRead(mBus, 1), Bytes{});
-    EXPECT_FALSE(mDisplay.IsPlugged());
-    EXPECT_FALSE(I2CWriteFrame(mBus, GetVcp(0x10)));
-    mDisplay.Replug();
-    ASSERT_TRUE(I2CWriteFrame(mBus, GetVcp(0x10)));
-    EXPECT_EQ(I2CRead(mBus, 11), kLuminanceReply) << "unsaved 9 is gone after the power cut";
-}
-
 TEST_F(SimI2CSlave, VideoCableTimingRulesCatchAHastyHost) {
     CScopedVirtualClock clock;
     mDisplay.SetTimingRules(40, 50);
