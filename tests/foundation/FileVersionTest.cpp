@@ -67,15 +67,13 @@ TEST(FileVersion, WritesTextAndNumbersInEachStyle) {
 }
 
 TEST(FileVersion, NormalizeAndValidity) {
-    FileVersion twoDigits("2.1");
-    twoDigits.Normalize();
-    EXPECT_EQ(FieldsOf(twoDigits), Fields(2, 1, 0, 0, 0));
-    FileVersion wide(2, 30, 1, 0, 0);
-    wide.Normalize();
-    EXPECT_EQ(FieldsOf(wide), Fields(2, 45, 0, 0, 0));
-    FileVersion kept(2, 0, 12, 0, 0);
-    kept.Normalize();
-    EXPECT_EQ(FieldsOf(kept), Fields(2, 0, 12, 0, 0));
+    for (const auto& [before, after] : {std::pair{FileVersion("2.1"), Fields(2, 1, 0, 0, 0)},
+                                        {FileVersion(2, 30, 1, 0, 0), Fields(2, 45, 0, 0, 0)},
+                                        {FileVersion(2, 0, 12, 0, 0), Fields(2, 0, 12, 0, 0)}}) {
+        FileVersion normalized = before;
+        normalized.Normalize();
+        EXPECT_EQ(FieldsOf(normalized), after);
+    }
     EXPECT_FALSE(FileVersion(0, 0, 0, 5, 0).IsValid());
     EXPECT_TRUE(FileVersion(0, 0, 0, 0, 1).IsValid());
     EXPECT_LT(FileVersion("1.2.3"), FileVersion("1.10.0"));

@@ -40,12 +40,8 @@ TEST(Trace, AssertionPrintsOnlyWhenEnabledAndNeverStops) {
     AssertSwitch on(true);
     testing::internal::CaptureStderr();
     VRX_ASSERT(failing());
-    VRX_ASSERT_NOT_REACHED("Oops - Number of physical monitors is zero");
-    const std::string written = testing::internal::GetCapturedStderr();
-
     EXPECT_EQ(evaluated, 1);
-    EXPECT_NE(written.find("Assert:(failing()) in "), std::string::npos);
-    EXPECT_NE(written.find("Assert:(\"Oops - Number of physical monitors is zero\") in "),
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("Assert:(failing()) in "),
               std::string::npos);
 }
 

@@ -60,34 +60,6 @@ TEST_F(HidDevice, RequestFrameGoesOutAndReplyLiesAtByteSix) {
     EXPECT_TRUE(std::all_of(report.begin() + 17, report.end(), [](uint8_t b) { return b == 0; }));
 }
 
-TEST_F(HidDevice, NotReadyPollsComeFirst) {
-    struct SCase {
-        unsigned polls;
-        uint8_t code;
-        int pollsMade;
-        std::vector<uint8_t> statuses;
-    };
-    const SCase cases[] = {
-        {0, CSimHidDevice::kStatusBusy, 2, {0x00, 0x00}},
-        {2, CSimHidDevice::kStatusBusy, 3, {0x01, 0x01, 0x00}},
-        {3, CSimHidDevice::kStatusPending, 4, {0x05, 0x05, 0x05, 0x00}},
-        {CSimHidDevice::kForever, CSimHidDevice::kStatusBusy, 6, {1, 1, 1, 1, 1, 1}},
-    };
-    for (const SCase& c : cases) {
-        mDevice.SetNotReadyPolls(c.polls, c.code);
-        mTarget.replies = {kLuminanceReply};
-        ASSERT_TRUE(mDevice.SetFeature(RequestReport(0x03, kGetLuminance)));
-        std::vector<uint8_t> statuses;
-        for (int i = 0; i < c.pollsMade; ++i) {
-            const Bytes report = Poll();
-            statuses.push_back(report[4]);
-            // A report that is not ready carries no reply yet.
-            EXPECT_EQ(report[6], report[4] == 0 ? 0x6E : 0x00);
-        }
-        EXPECT_EQ(statuses, c.statuses) << c.polls;
-    }
-}
-
 TEST_F(HidDevice, MalformedReportsAreRefusedAndNoted) {
     Bytes tooLong = RequestReport(0x03, kGetLuminance);
     tooLong.push_back(0);

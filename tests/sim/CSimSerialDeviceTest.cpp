@@ -67,12 +67,4 @@ TEST_F(SerialDevice, CommandsAreCutFromTheByteStream) {
     EXPECT_EQ(mDevice.HostErrors().size(), 1u);
 }
 
-TEST_F(SerialDevice, PauseInsideACommandDropsIt) {
-    ASSERT_TRUE(mDevice.Write(kGetLuminance.data(), 4));
-    mClock->Advance(100);
-    ASSERT_TRUE(Write(kGetLuminance));
-    EXPECT_THAT(mTarget.frames, ElementsAre(kGetLuminance));
-    EXPECT_EQ(mDevice.HostErrors().size(), 1u);
-}
-
 } // namespace

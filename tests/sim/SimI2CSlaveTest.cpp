@@ -29,19 +29,6 @@ TEST_F(SimI2CSlave, WriteThenReadCarriesOneExchange) {
     EXPECT_EQ(Bytes(read.begin() + 11, read.end()), (Bytes{0xFF, 0xFF, 0xFF}));
     EXPECT_EQ(I2CRead(mBus, 3), kNullMessage) << "a reply is read once";
 
-    // A repeated START between the request and the read delivers the request as well.
-    ASSERT_TRUE(mBus.Address(0x6E));
-    for (size_t i = 1; i < 6; ++i) {
-        ASSERT_TRUE(mBus.Write(GetVcp(0x10)[i]));
-    }
-    ASSERT_TRUE(mBus.Address(0x6F));
-    Bytes again;
-    for (int i = 0; i < 11; ++i) {
-        again.push_back(mBus.Read(true)); // the FTDI way: every byte acknowledged
-    }
-    mBus.Stop();
-    EXPECT_EQ(again, kLuminanceReply);
-
     EXPECT_TRUE(I2CWriteFrame(mBus, {0xEE, 0x05, 0x11, 0x00, 0x00, 0xEA}));
     EXPECT_EQ(mDisplay.Scaler().Counters().scalerResets, 1);
     EXPECT_FALSE(mBus.Address(0xA0)) << "no one else on this bus";
