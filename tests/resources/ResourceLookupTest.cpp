@@ -45,8 +45,6 @@ TEST(ResourceLookup, GroupsTakeTheFirstRowAndDoNotRetryAnotherLanguage) {
             {{0x0304, "Panel 13", 1}, {0x032B, "Panel 27 Touch", 2}, {0x0304, "Second row", 3}}));
     module.AddGroup("2000", kFrench, BuildGroup({{0x032B, "Écran 27 tactile", 1}}));
     module.AddGroup("2101", kEnglish, BuildGroup({{0x0304, "PDX-1300", 1}}));
-    // Plain text, then a value cut off before its terminator.
-    module.AddGroup("raw", kEnglish, {0x01, 0x00, 'O', 0, 'k', 0, 0, 0, 0x02, 0x00, 'c', 0});
 
     const std::vector<std::tuple<const char*, uint16_t, uint16_t, std::wstring>> cases = {
         {"2000", 0x0304, kEnglish, L"Panel 13"},
@@ -54,9 +52,6 @@ TEST(ResourceLookup, GroupsTakeTheFirstRowAndDoNotRetryAnotherLanguage) {
         {"2000", 0x0304, 1036, L""},         // the French group lacks it: no English
         {"2101", 0x0304, 1036, L"PDX-1300"}, // no French group: English
         {"2000", 0x9999, kEnglish, L""},
-        {"raw", 0x0001, kEnglish, L"Ok"},
-        {"raw", 0x0002, kEnglish, L""},
-        {"raw", 0x0003, kEnglish, L""},
     };
     for (const auto& [group, key, language, text] : cases) {
         EXPECT_EQ(GetGroupString(group, key, language, true, module), text)

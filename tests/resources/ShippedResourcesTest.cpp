@@ -25,38 +25,31 @@ constexpr uint16_t kSupportedTablets[] = {
     0x0390, 0x0396, 0x0398, 0x0399, 0x03A6, 0x03AE, 0x03B0, 0x034D, 0x034E, 0x0391,
 };
 
-struct SDataSource {
-    std::string path;
-    std::string group; // empty for strings
-    uint16_t languageId;
-    std::vector<SDataRow> rows;
-};
-
-std::vector<SDataSource> ReadDataFolder() {
-    std::vector<SDataSource> sources;
-    for (const auto& entry : fs::recursive_directory_iterator(PANELTUNE_RESOURCE_DATA_DIR)) {
-        const fs::path& path = entry.path();
-        if (!entry.is_regular_file() || path.extension() != ".txt") {
-            continue;
-        }
-        const bool isGroup = path.parent_path().parent_path().filename() == "groups";
-        std::ostringstream content;
-        content << std::ifstream(path, std::ios::binary).rdbuf();
-        const SDataFile file =
-            ParseDataFile(content.str(), isGroup ? EDataFileKind::Group : EDataFileKind::Strings);
-        EXPECT_EQ(file.error, "") << path;
-        sources.push_back({path.string(), isGroup ? path.parent_path().filename().string() : "",
-                           static_cast<uint16_t>(LanguageIdOfTag(path.stem().string())),
-                           file.rows});
-    }
-    return sources;
-}
-
 } // namespace
 
 TEST(ShippedResources, EveryRowDecodesFromItsCodedFormToItsSourceText) {
     const CResourceModule& module = ProgramResources();
-    const std::vector<SDataSource> sources = ReadDataFolder();
+    struct SDataSource {
+        std::string path;
+        std::string group; // empty for strings
+        uint16_t languageId;
+        std::vector<SDataRow> rows;
+    };
+    std::vector<SDataSource> sources;
+    for (const auto& entry : fs::recursive_directory_iterator(PANELTUNE_RESOURCE_DATA_DIR)) {
+        const fs::path& path = entry.path();
+        if (entry.is_regular_file() && path.extension() == ".txt") {
+            const bool isGroup = path.parent_path().parent_path().filename() == "groups";
+            std::ostringstream content;
+            content << std::ifstream(path, std::ios::binary).rdbuf();
+            const SDataFile file = ParseDataFile(content.str(), isGroup ? EDataFileKind::Group
+                                                                        : EDataFileKind::Strings);
+            EXPECT_EQ(file.error, "") << path;
+            sources.push_back({path.string(), isGroup ? path.parent_path().filename().string() : "",
+                               static_cast<uint16_t>(LanguageIdOfTag(path.stem().string())),
+                               file.rows});
+        }
+    }
     ASSERT_GE(sources.size(), 3U);
     std::set<std::pair<std::string, uint32_t>> english;
     for (const SDataSource& source : sources) {

@@ -109,9 +109,6 @@ TEST(SimScaler, HandsOutEdidOnEachPrivateForm) {
     // Table-read fragments, and the serial channel's raw A0 00.
     CSimDisplay hazel = MakeDisplay("Hazel");
     EXPECT_EQ(ReadFragments(hazel, {0xE2, 0xC3}), hazel.Edid());
-    // Hosts try the indexed form on any model: without it the code is refused, not mistaken.
-    EXPECT_EQ(ParseVcpReply(hazel.Transact(Request({0x01, 0xF2, 0x00, 0x00})), 0xF2).result, 1);
-    EXPECT_TRUE(hazel.Scaler().HostErrors().empty());
     CSimDisplay aspen = MakeDisplay("Aspen");
     EXPECT_EQ(aspen.Transact({0xA0, 0x00}), aspen.Edid());
     EXPECT_TRUE(hazel.Transact({0xA0, 0x00}).empty());
