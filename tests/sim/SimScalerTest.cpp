@@ -154,7 +154,4 @@ TEST(SimScaler, AnswersTheTiBridgeCommands) {
     const std::string shown = {digits[5], digits[4], '.',       digits[3],
                                digits[2], '.',       digits[1], digits[0]};
     EXPECT_EQ(shown, "01.08.03");
-    // Families without the bridge have nothing to say to it.
-    CSimDisplay birch = MakeDisplay("Birch");
-    EXPECT_EQ(birch.Transact(Request({0xC0, 0xEF})), kNullMessage);
 }
