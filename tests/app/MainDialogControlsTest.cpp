@@ -3,6 +3,10 @@
 #include <QMessageBox>
 #include <QtTest/QTest>
 
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
 namespace {
 
 using EModal = CMainDialog::EModal;
@@ -242,6 +246,87 @@ TEST_F(ControlsTest, CtrlAltRResetsWithoutAQuestion) {
     EXPECT_EQ(Dialog().mWaitWindowsShown, waitWindows + 1);
     EXPECT_EQ(Dialog().Count(CMainDialog::EModal::eFactoryResetQuestion), 0u);
     EXPECT_TRUE(Dialog().isVisible());
+}
+
+// A slow display: the first look at the clock off the GUI thread (the FTDI chip's latency timer,
+// a sleep) holds until the test lets it go.
+class CHeldClock final : public IClock {
+public:
+    explicit CHeldClock(IClock& inner_I) : mInner(inner_I) {}
+    void Sleep(uint32_t milliseconds_I) override {
+        Hold();
+        mInner.Sleep(milliseconds_I);
+    }
+    int64_t NowNs() override {
+        Hold();
+        return mInner.NowNs();
+    }
+    void WaitUntilHeld() {
+        std::unique_lock<std::mutex> lock(mLock);
+        mChanged.wait(lock, [this] { return mHeld; });
+    }
+    void Open() {
+        std::lock_guard<std::mutex> lock(mLock);
+        mOpen = true;
+        mChanged.notify_all();
+    }
+
+private:
+    void Hold() {
+        if (std::this_thread::get_id() == mGuiThread) {
+            return;
+        }
+        std::unique_lock<std::mutex> lock(mLock);
+        mHeld = true;
+        mChanged.notify_all();
+        mChanged.wait(lock, [this] { return mOpen; });
+    }
+
+    IClock& mInner;
+    const std::thread::id mGuiThread = std::this_thread::get_id();
+    std::mutex mLock;
+    std::condition_variable mChanged;
+    bool mHeld = false;
+    bool mOpen = false;
+};
+
+// While a preset or a drag's value is on the wire of a slow FTDI display, the action has returned
+// and the window's events keep turning; the drag's last value reaches the display.
+TEST_F(ControlsTest, ASlowDisplayLeavesTheWindowResponsive) {
+    const struct {
+        const char* name;
+        std::function<void()> act;
+        uint8_t code;
+        int value;
+    } cases[] = {
+        {"preset", [this] { emit Find<QComboBox>("colorSettingCombo")->activated(1); }, 0xF0, 7},
+        {"drag",
+         [this] {
+             BrightnessSlider()->setSliderDown(true);
+             for (int position : {40, 41, 42}) {
+                 BrightnessSlider()->setSliderPosition(position);
+             }
+         },
+         kBrightness, 42},
+    };
+    for (const auto& c : cases) {
+        ASSERT_TRUE(Start("Birch@ftdi")) << c.name;
+        // The read-back after the write answers late, so the worker waits on the clock.
+        Platform().Display(0).Faults().Arm({ESimFault::eLate, 40, 0, 1});
+        CHeldClock held(mClock.Clock());
+        InstallClock(&held);
+        c.act();
+        held.WaitUntilHeld();
+        bool turned = false;
+        QTimer::singleShot(0, [&turned] { turned = true; });
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(turned) << c.name;
+        EXPECT_FALSE(Dialog().Worker().Idle()) << c.name;
+        held.Open();
+        Settle();
+        InstallClock(&mClock.Clock());
+        EXPECT_EQ(ScalerValue(0, c.code), c.value) << c.name;
+    }
 }
 
 TEST_F(ControlsTest, ComboChoicesReachTheDisplay) {
