@@ -4,7 +4,6 @@
 
 #include "channels/CI2CConnectorFTDI.h"
 #include "ddc/Frames.h"
-#include "foundation/TraceCapture.h"
 #include "foundation/VirtualClock.h"
 #include "sim/CSimFaults.h"
 #include "sim/SimModelTable.h"
@@ -29,87 +28,6 @@ int RequestRounds(const CChannelRig& rig_I, const ByteVector& frame_I) {
         return std::equal(w.begin(), w.end(), frame_I.begin(),
                           frame_I.begin() + static_cast<long>(std::min(w.size(), frame_I.size())));
     }));
-}
-
-// A USB link to the chip that can lose the host's writes, and answers reads from a script
-// while one is set.
-class CUnreliableFtdiApi final : public CSimFtdiApi {
-public:
-    using CSimFtdiApi::CSimFtdiApi;
-    FtStatus FT_Write(FtHandle handle_I, const void* data_I, uint32_t count_I,
-                      uint32_t* written_O) override {
-        if (loseWrites) {
-            *written_O = count_I;
-            return Ft::kOk;
-        }
-        return CSimFtdiApi::FT_Write(handle_I, data_I, count_I, written_O);
-    }
-    FtStatus FT_Read(FtHandle handle_I, void* buffer_O, uint32_t count_I,
-                     uint32_t* read_O) override {
-        if (script.empty()) {
-            return CSimFtdiApi::FT_Read(handle_I, buffer_O, count_I, read_O);
-        }
-        *read_O = std::min<uint32_t>(count_I, static_cast<uint32_t>(script.size()));
-        std::copy_n(script.begin(), *read_O, static_cast<uint8_t*>(buffer_O));
-        script.clear();
-        return Ft::kOk;
-    }
-    bool loseWrites = false;
-    ByteVector script;
-};
-
-class CFtdiProbe final : public CI2CConnectorFTDI {
-public:
-    using CI2CConnectorFTDI::CI2CConnectorFTDI;
-    using CI2CConnectorFTDI::SendBadCommand;
-};
-
-struct SFtdiBench {
-    SFtdiBench()
-        : display(*FindSimModel("Birch"), "SN00000000001", SimChannelBit(ESimChannel::eFtdi)),
-          chip(display.I2C(), {"FT1", "bridge", 0x11}) {
-        library.AddChip(chip);
-        api = std::make_shared<CUnreliableFtdiApi>(library);
-        connector = std::make_unique<CFtdiProbe>(api);
-    }
-    CSimDisplay display;
-    CSimFtdiChip chip;
-    CSimFtdiLibrary library;
-    std::shared_ptr<CUnreliableFtdiApi> api;
-    std::unique_ptr<CFtdiProbe> connector;
-};
-
-TEST(FtdiConnector, BadCommandCheckIsLenient) {
-    struct SCase {
-        ByteVector answer;
-        FtStatus status;
-    };
-    const SCase cases[] = {
-        {{0xFA, 0xAA}, Ft::kOk},
-        {{0x00, 0xAA}, Ft::kOk},
-        {{0xFA, 0x00}, Ft::kOk},
-        {{0x00, 0x00}, Ft::kIoError},
-    };
-    CScopedVirtualClock clock;
-    SFtdiBench bench;
-    ASSERT_TRUE(bench.connector->Open(0L));
-    for (const SCase& c : cases) {
-        bench.api->script = c.answer;
-        EXPECT_EQ(bench.connector->SendBadCommand(true), c.status)
-            << testing::PrintToString(c.answer);
-    }
-}
-
-TEST(FtdiConnector, LostWritesCostOneReadTimeoutAndTheHandle) {
-    CScopedVirtualClock clock;
-    SFtdiBench bench;
-    ASSERT_TRUE(bench.connector->Open(0L));
-    clock->ClearSleeps();
-    bench.api->loseWrites = true;
-    EXPECT_TRUE(bench.connector->SendRequest(kGetLuminance, 0.07, 38, 1).empty());
-    EXPECT_THAT(clock->Sleeps(), ElementsAre(5000u));
-    EXPECT_FALSE(bench.connector->IsOpen());
-    EXPECT_FALSE(bench.chip.IsOpen());
 }
 
 TEST(FtdiConnector, OpenSetsTheMpsseUpForI2CAt100kHz) {
@@ -156,17 +74,6 @@ TEST(FtdiConnector, ResetIsTriedTwentyOneTimesBeforeOpenGivesUp) {
             << "one 50 ms pause per failed reset, and one to settle the MPSSE";
         EXPECT_EQ(chip.IsOpen(), c.opens) << "a failed open gives the handle back";
     }
-}
-
-TEST(FtdiConnector, OpenFailsForAnIndexWithoutABridge) {
-    CScopedVirtualClock clock;
-    CSimFtdiLibrary library;
-    CI2CConnectorFTDI connector(std::make_shared<CSimFtdiApi>(library));
-    EXPECT_EQ(CI2CConnectorFTDI::NumberOfDevices(*std::make_shared<CSimFtdiApi>(library)), 0u);
-    EXPECT_FALSE(connector.Open(0L));
-    EXPECT_FALSE(connector.Open(std::string("COM3")));
-    EXPECT_FALSE(connector.IsOpen());
-    EXPECT_TRUE(connector.SendRequest(kGetLuminance, 0.07, 38, 0).empty());
 }
 
 TEST(FtdiConnector, NackCostsOneMoreRoundPerRetry) {
@@ -264,15 +171,6 @@ TEST(FtdiConnector, EdidWayFollowsTheTabletId) {
     }
 }
 
-TEST(FtdiConnector, EdidFragmentsEndAtANullMessage) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Birch", ESimChannel::eFtdi);
-    rig.Display().Faults().Arm({ESimFault::eNullMessage, 0, 2, 1});
-    const ByteVector edid = rig.GetConnector()->ReadEDID(rig.Display().TabletId());
-    EXPECT_THAT(edid,
-                ElementsAreArray(rig.Display().Edid().begin(), rig.Display().Edid().begin() + 64));
-}
-
 TEST(FtdiConnector, InformationRecordStandsInForAMissingEdid) {
     CScopedVirtualClock clock;
     CChannelRig rig("FirSmall", ESimChannel::eFtdi, "sn-lower-0001");
@@ -289,23 +187,6 @@ TEST(FtdiConnector, InformationRecordStandsInForAMissingEdid) {
     EXPECT_EQ(RequestRounds(rig, BuildPrivateCapabilitiesRequest(0)), 0);
 }
 
-TEST(FtdiConnector, SerialNumberOfEdidComesInUpperCase) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Birch", ESimChannel::eFtdi, "ab12cd34ef560");
-    EXPECT_EQ(rig.GetConnector()->SerialNumber(rig.Display().TabletId()), "AB12CD34EF560");
-}
-
-TEST(FtdiConnector, MissingRecordLeavesNoSerialNumber) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("FirSmall", ESimChannel::eFtdi);
-    CTraceCapture trace;
-    rig.Display().Faults().Arm({ESimFault::eSilence, 0, 0, -1});
-    EXPECT_EQ(rig.GetConnector()->SerialNumber(rig.Display().TabletId()), "");
-    EXPECT_TRUE(trace.Contains("WARNING: NO SERIAL NUMBER FOUND"));
-    EXPECT_THAT(clock->Sleeps(), Contains(1000u));
-    EXPECT_EQ(rig.GetConnector()->MonitorName(), "");
-}
-
 TEST(FtdiConnector, NullMessageInTheTableReadFallsBackToTheStandardLoop) {
     CScopedVirtualClock clock;
     CChannelRig rig("Birch", ESimChannel::eFtdi);
@@ -313,18 +194,6 @@ TEST(FtdiConnector, NullMessageInTheTableReadFallsBackToTheStandardLoop) {
     EXPECT_EQ(rig.GetConnector()->CapabilitiesString(), rig.Scaler().CapabilityString());
     EXPECT_EQ(RequestRounds(rig, BuildPrivateCapabilitiesRequest(32)), 1);
     EXPECT_EQ(RequestRounds(rig, BuildCapabilitiesRequest(0)), 1);
-}
-
-TEST(FtdiConnector, CloseForgetsTheRecordAndTheEdid) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("FirSmall", ESimChannel::eFtdi);
-    const auto& connector = rig.GetConnector();
-    EXPECT_FALSE(connector->MonitorName().empty());
-    EXPECT_TRUE(connector->Close());
-    EXPECT_FALSE(connector->IsOpen());
-    EXPECT_FALSE(rig.FtdiChip()->IsOpen());
-    EXPECT_EQ(connector->MonitorName(), "") << "nothing cached, and the bridge is closed";
-    EXPECT_THAT(clock->Sleeps(), Not(Contains(5000u)));
 }
 
 } // namespace

@@ -50,15 +50,6 @@ TEST(SerialConnector, SilentScalerGivesTheLoneCheckByte) {
     EXPECT_TRUE(connector->IsOpen());
 }
 
-TEST(SerialConnector, NullMessageInTheCapabilityReadGivesNothing) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Alder", ESimChannel::eSerial);
-    rig.Display().Faults().Arm({ESimFault::eNullMessage, 0, 2, 1});
-    EXPECT_EQ(rig.GetConnector()->CapabilitiesString(), "");
-    EXPECT_EQ(rig.SerialPort()->writes.size(), 3u);
-    EXPECT_EQ(rig.SerialPort()->writes.back(), BuildCapabilitiesRequest(64));
-}
-
 TEST(SerialConnector, CapabilityTextEndsAtItsBalancingParenthesis) {
     CScopedVirtualClock clock;
     CChannelRig rig("AspenTwo", ESimChannel::eSerial);
@@ -91,14 +82,6 @@ TEST(SerialConnector, UnpluggedPortClosesAtTheFailedWrite) {
     EXPECT_FALSE(rig.GetConnector()->Open(std::string(CChannelRig::kPortName)));
     rig.SerialDevice()->SetPlugged(true);
     EXPECT_TRUE(rig.GetConnector()->Open(std::string(CChannelRig::kPortName)));
-}
-
-TEST(SerialConnector, ResetFrameReachesTheScaler) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Alder", ESimChannel::eSerial);
-    // The scaler's null message is no acknowledgement of a reset.
-    EXPECT_FALSE(rig.GetConnector()->ScalarReset());
-    EXPECT_EQ(rig.Scaler().Counters().scalerResets, 1);
 }
 
 } // namespace
