@@ -118,6 +118,21 @@ TEST_F(LibFtdi1ApiTest, DrivesTheBridgeThroughTheWholeOpenSequenceAndDdcCi) {
     EXPECT_EQ(CI2CConnectorFTDI::NumberOfDevices(*api), 0u);
 }
 
+// Before any setting, the handle counts transfers of the chip's 16 ms latency period.
+TEST_F(LibFtdi1ApiTest, AnEmptyReadLastsTheReadTimeOut) {
+    CLibFtdi1Api api(L"" FAKE_LIBFTDI1);
+    FtHandle handle = nullptr;
+    ASSERT_EQ(api.FT_OpenEx(reinterpret_cast<void*>(uintptr_t{1}), Ft::kOpenByLocation, &handle),
+              Ft::kOk);
+    uint8_t byte = 0;
+    uint32_t read = 1;
+    const int64_t before = mClock->NowNs();
+    EXPECT_EQ(api.FT_Read(handle, &byte, 1, &read), Ft::kOk);
+    EXPECT_EQ(read, 0u);
+    EXPECT_EQ((mClock->NowNs() - before) / 1000000, 5008);
+    api.FT_Close(handle);
+}
+
 TEST_F(LibFtdi1ApiTest, ThePlatformPrefersFtdisLibraryAndFallsBackToLibFtdi1) {
     const struct {
         const wchar_t* vendor;
