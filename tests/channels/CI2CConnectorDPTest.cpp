@@ -146,14 +146,4 @@ TEST(BusConnectorDP, KeepsTheGapsOfTheBus) {
     EXPECT_THAT(rig.Scaler().HostErrors(), ElementsAre());
 }
 
-TEST(BusConnectorDP, NoFrameFromTheBusIsAnEmptyReply) {
-    for (const ESimFault fault : {ESimFault::eNotReady, ESimFault::eSilence, ESimFault::eNack}) {
-        CScopedVirtualClock clock;
-        CChannelRig rig("ElmLarge", ESimChannel::eVideo);
-        rig.Display().Faults().Arm({fault, 0, 0, 1});
-        EXPECT_TRUE(rig.GetConnector()->SendRequest(BuildGetVCPFeature(0x10), 0.07, 38, 0).empty())
-            << static_cast<int>(fault);
-    }
-}
-
 } // namespace

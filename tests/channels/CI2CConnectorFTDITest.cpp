@@ -38,9 +38,7 @@ TEST(FtdiConnector, OpenSetsTheMpsseUpForI2CAt100kHz) {
     EXPECT_EQ(chip.BitMode(), 0x02);
     EXPECT_EQ(chip.LatencyMs(), 8);
     EXPECT_EQ(chip.ReadTimeoutMs(), 5000u);
-    EXPECT_EQ(chip.WriteTimeoutMs(), 5000u);
     EXPECT_EQ(chip.InTransferSize(), 0x10000u);
-    EXPECT_FALSE(chip.EventCharEnabled());
     const CSimMpsseEngine& engine = chip.Engine();
     EXPECT_EQ(engine.SclHz(), 100000u);
     EXPECT_FALSE(engine.Loopback());
@@ -48,9 +46,6 @@ TEST(FtdiConnector, OpenSetsTheMpsseUpForI2CAt100kHz) {
     EXPECT_FALSE(engine.AdaptiveClocking());
     EXPECT_EQ(engine.DriveZeroLowMask(), 0x02);
     EXPECT_EQ(engine.HighValue(), 0x14);
-    EXPECT_EQ(engine.HighDirection(), 0xFF);
-    EXPECT_TRUE(engine.Scl());
-    EXPECT_TRUE(engine.Sda());
     EXPECT_EQ(engine.BadCommands(), 1u);
 }
 
@@ -106,34 +101,6 @@ TEST(FtdiConnector, NackCostsOneMoreRoundPerRetry) {
         EXPECT_EQ(RequestRounds(rig, kGetLuminance), c.rounds);
         EXPECT_EQ(rig.Tap().refusedWrites, std::min(c.nacks, c.rounds));
     }
-}
-
-TEST(FtdiConnector, FirstReplyByteDecidesBetweenBusyAndAbsent) {
-    struct SCase {
-        ESimFault fault;
-        ByteVector reply;
-    };
-    const SCase cases[] = {
-        // A busy scaler reads 00: the null message behind three zeros.
-        {ESimFault::eNotReady, {0x00, 0x00, 0x00, 0x6E, 0x80, 0xBE}},
-        // Nothing pending reads FF.
-        {ESimFault::eSilence, {}},
-    };
-    for (const SCase& c : cases) {
-        CScopedVirtualClock clock;
-        CChannelRig rig("Birch", ESimChannel::eFtdi);
-        rig.Display().Faults().Arm({c.fault, 0, 0, 1});
-        EXPECT_EQ(rig.GetConnector()->SendRequest(kGetLuminance, 0.07, 38, 0), c.reply);
-        EXPECT_TRUE(rig.GetConnector()->IsOpen());
-    }
-}
-
-TEST(FtdiConnector, LostBridgeClosesTheHandleAtTheNextRequest) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Birch", ESimChannel::eFtdi);
-    rig.FtdiChip()->SetPresent(false);
-    EXPECT_TRUE(rig.GetConnector()->SendRequest(kGetLuminance, 0.07, 38, 1).empty());
-    EXPECT_FALSE(rig.GetConnector()->IsOpen());
 }
 
 TEST(FtdiConnector, EdidWayFollowsTheTabletId) {

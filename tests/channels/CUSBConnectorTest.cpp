@@ -73,15 +73,4 @@ TEST(SerialConnector, MonitorNameCostsOneEdidRead) {
     EXPECT_FALSE(connector->FWVersion().IsValid());
 }
 
-TEST(SerialConnector, UnpluggedPortClosesAtTheFailedWrite) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Alder", ESimChannel::eSerial);
-    rig.SerialDevice()->SetPlugged(false);
-    EXPECT_TRUE(rig.GetConnector()->SendRequest(kGetLuminance, 0.07, 38, 0).empty());
-    EXPECT_FALSE(rig.GetConnector()->IsOpen());
-    EXPECT_FALSE(rig.GetConnector()->Open(std::string(CChannelRig::kPortName)));
-    rig.SerialDevice()->SetPlugged(true);
-    EXPECT_TRUE(rig.GetConnector()->Open(std::string(CChannelRig::kPortName)));
-}
-
 } // namespace

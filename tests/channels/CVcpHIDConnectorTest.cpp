@@ -120,15 +120,4 @@ TEST(HidConnector, HeldDeviceDoesNotOpen) {
     EXPECT_TRUE(connector.Open(std::string(CChannelRig::kHidPath)));
 }
 
-TEST(HidConnector, DeviceLostMidwayLeavesTheCapabilityTextUnknown) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Hazel", ESimChannel::eHid);
-    // The device goes after the second fragment's request: its status poll fails.
-    int calls = 0;
-    rig.HidDevice()->SetPresenceProbe([&calls] { return ++calls <= 4; });
-    EXPECT_EQ(rig.GetConnector()->CapabilitiesString(), "");
-    EXPECT_EQ(rig.HidDevice()->Requests(), 2u);
-    EXPECT_EQ(clock->TotalSleptMs(), 0u);
-}
-
 } // namespace
