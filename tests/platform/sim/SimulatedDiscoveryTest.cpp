@@ -78,30 +78,6 @@ TEST_F(SimulatedDiscoveryTest, ReportsTheVideoFailureWhenAskedToStop) {
     EXPECT_NE(error.find(CSimulatedPlatform::MonitorHandle(0)), std::string::npos) << error;
 }
 
-TEST_F(SimulatedDiscoveryTest, VideoConnectorServesTheRecordAndRefusesLess) {
-    auto platform = Platform("Birch@video");
-    ASSERT_NE(platform, nullptr);
-    CDisplayConfigInterface config(Options(eConnectionMode_Video), platform);
-    ASSERT_EQ(config.DisplayInfos().size(), 1u);
-    SDisplayInfo info = config.DisplayInfos()[0];
-
-    auto connector = platform->MakeVideoConnector();
-    ASSERT_TRUE(connector->OpenDisplayInfo(info));
-    EXPECT_EQ(connector->MonitorName(), ToNarrow(info.monitorName));
-    EXPECT_EQ(connector->SerialNumber(kNoTabletId), platform->Display(0).SerialNumber());
-    EXPECT_EQ(connector->ReadEDID(kNoTabletId), info.edid);
-    EXPECT_FALSE(connector->CapabilitiesString().empty());
-    EXPECT_TRUE(connector->LastCapsError().empty());
-    connector->Close();
-    EXPECT_FALSE(connector->IsOpen());
-    EXPECT_TRUE(connector->MonitorName().empty());
-
-    // A record without its monitor's handle is incomplete.
-    info.monitorHandle.clear();
-    EXPECT_FALSE(connector->OpenDisplayInfo(info));
-    EXPECT_TRUE(connector->CapabilitiesString().empty());
-}
-
 // The simulator is written without the resources, yet a simulated display must show the same
 // model number in its EDID as the resources give its product, and be a product they know.
 TEST(SimulatedModels, CarryTheModelNumbersAndProductsOfTheResourceGroups) {
