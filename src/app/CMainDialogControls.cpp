@@ -387,6 +387,8 @@ void CMainDialog::CommitEvent(ESlider slider_I, int32_t value_I) {
         return;
     }
     pair.edit->setText(QString::number(value_I));
+    // Set until the question is answered: a commit meanwhile is dropped, as while the box runs.
+    mBusy = true;
     WriteLevel(slider_I, value_I, [this, slider_I, value_I](bool tooDark) {
         KeepLevel(slider_I, value_I, tooDark, true);
     });
