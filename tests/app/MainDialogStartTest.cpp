@@ -31,41 +31,36 @@ TEST_F(DialogTest, TwoDisplaysFillTheDisplayComboAndShowTheFirst) {
     SaveScreenshot(Dialog(), "main-two-displays");
 }
 
-TEST_F(DialogTest, NoDisplayEndsThroughTheNotSupportedWindow) {
-    CTestMainDialog* dialog = nullptr;
-    {
+// Without a display, or when discovery fails, the program ends through its window and never shows
+// the main dialog.
+TEST_F(DialogTest, AStartWithoutDisplaysEndsThroughItsWindow) {
+    const struct {
+        const char* description;
+        bool exitOnError;
+        EModal window;
+        const char* text;
+    } cases[] = {
+        {"Birch@none", false, EModal::eNotSupportedWindow, "Compatible display device not found\n"},
+        {"Birch@video:fault=silence*forever", true, EModal::eErrorWindow, "PDX-2700"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.description);
         std::string error;
-        mPlatform = CSimulatedPlatform::FromDescription("Birch@none", error);
-        ASSERT_NE(mPlatform, nullptr);
-        SMainDialogEnvironment environment{mPlatform, {}, QStringLiteral("paneltune-test-none")};
-        mDialog = std::make_unique<CTestMainDialog>(SDisplayConfigOptions{}, environment);
-        dialog = mDialog.get();
-        dialog->mScreenshotPrefix = "none-";
+        mPlatform = CSimulatedPlatform::FromDescription(c.description, error);
+        ASSERT_NE(mPlatform, nullptr) << error;
+        SDisplayConfigOptions options;
+        options.exitOnError = c.exitOnError;
+        mDialog = std::make_unique<CTestMainDialog>(
+            options, SMainDialogEnvironment{mPlatform, {}, QStringLiteral("paneltune-test-none")});
+        Dialog().mScreenshotPrefix = "failure-";
+        EXPECT_FALSE(Dialog().OnInitDialog());
+        EXPECT_TRUE(Dialog().Ended());
+        EXPECT_EQ(Dialog().Result(), 0);
+        ASSERT_EQ(Dialog().mShown.size(), 1u);
+        EXPECT_EQ(Dialog().mShown.back().kind, c.window);
+        EXPECT_TRUE(Dialog().mShown.back().text.contains(QLatin1String(c.text)));
+        EXPECT_FALSE(Dialog().isVisible());
     }
-    EXPECT_FALSE(dialog->OnInitDialog());
-    EXPECT_TRUE(dialog->Ended());
-    EXPECT_EQ(dialog->Result(), 0);
-    ASSERT_EQ(dialog->Count(EModal::eNotSupportedWindow), 1u);
-    EXPECT_TRUE(dialog->mShown.back().text.startsWith(
-        QStringLiteral("Compatible display device not found\n")));
-    EXPECT_FALSE(dialog->isVisible());
-}
-
-TEST_F(DialogTest, DiscoveryFailureEndsThroughTheErrorWindow) {
-    std::string error;
-    mPlatform = CSimulatedPlatform::FromDescription("Birch@video:fault=silence*forever", error);
-    ASSERT_NE(mPlatform, nullptr) << error;
-    SDisplayConfigOptions options;
-    options.exitOnError = true;
-    mDialog = std::make_unique<CTestMainDialog>(
-        options, SMainDialogEnvironment{mPlatform, {}, QStringLiteral("paneltune-test-error")});
-    Dialog().mScreenshotPrefix = "failure-";
-    EXPECT_FALSE(Dialog().OnInitDialog());
-    EXPECT_EQ(Dialog().Result(), 0);
-    ASSERT_EQ(Dialog().Count(EModal::eErrorWindow), 1u);
-    EXPECT_EQ(Dialog().Count(EModal::eNotSupportedWindow), 0u);
-    EXPECT_TRUE(Dialog().mShown.back().text.contains(QStringLiteral("PDX-2700")));
-    EXPECT_FALSE(Dialog().isVisible());
 }
 
 struct SFamilyCase {

@@ -1,7 +1,7 @@
 #include "app/DisplayHelp.h"
 #include "app/QtUHMappingUtils.h"
 
-#include "DialogTestSupport.h"
+#include "DialogHarness.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,7 +20,7 @@ constexpr const char* kQuery =
 class UHMappingUtilsTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        EnsureTestApplication();
+        TestApplication();
         ASSERT_TRUE(mInstall.isValid());
         ASSERT_TRUE(mTemp.isValid());
     }
