@@ -1,13 +1,12 @@
 // The advanced and colour dialogs as the main dialog opens them: which rows each family shows,
-// where they stand, what Cancel puts back and when the too-dark question comes. What each action
-// writes is pinned by the action-traffic record.
+// where they stand, when the too-dark question comes. What each action writes, Cancel's restores
+// included, is pinned by the action-traffic record.
 
 #include "app/CAdvancedDialog.h"
 
 #include "DialogHarness.h"
 
 #include <QMessageBox>
-#include <QRadioButton>
 #include <QtTest/QTest>
 
 #include <array>
@@ -21,21 +20,9 @@ constexpr uint8_t kGainRed = 0x16;
 constexpr uint8_t kGainGreen = 0x18;
 constexpr uint8_t kGainBlue = 0x1A;
 constexpr uint8_t kSharpness = 0x87;
-constexpr uint8_t kHueRed = 0x9B;
-constexpr uint8_t kAspect = 0xE2;
-constexpr uint8_t kOffsetRed = 0xE4;
-constexpr uint8_t kDynamicContrast = 0xE8;
-constexpr uint8_t kAutoPowerDown = 0xEE;
-constexpr uint8_t kFan = 0xF3;
 
 class SecondaryDialogsTest : public DialogTest {
 protected:
-    void Click(QDialog& in_I, const char* pair_I, const char* button_I) {
-        QRadioButton* button = Find<QWidget>(pair_I, &in_I)->findChild<QRadioButton*>(button_I);
-        ASSERT_NE(button, nullptr);
-        button->click();
-        Settle();
-    }
     std::array<int, 3> Gains() {
         return {ScalerValue(0, kGainRed), ScalerValue(0, kGainGreen), ScalerValue(0, kGainBlue)};
     }
@@ -55,20 +42,22 @@ protected:
     }
 };
 
-// Hidden rows leave no gap, and the dialog stands beside the main dialog on its lower edge, or
-// left of it where the right side has no room.
+// Hidden rows leave no gap, and the advanced dialog stands beside the main dialog on its lower
+// edge, or left of it where the right side has no room. The colour dialog shows the attribute and
+// CMYK rows where the model has them.
 TEST_F(SecondaryDialogsTest, AdvancedRowsFollowTheFamilyAndCloseUp) {
     struct SFamily {
         const char* description;
         bool sharpness, dynamicContrast, fanSpeed, conditioning;
         int aspectRows;
+        bool colourAttribute, cmyk;
     };
     const SFamily families[] = {
-        {"ElmLarge@video", true, true, true, false, 3},
-        {"Birch@ftdi", true, true, false, true, 3},
-        {"Aspen@serial", false, false, false, false, 3},
-        {"FirSmall@ftdi", false, false, false, false, 2},
-        {"ElmSmall@ftdi", true, true, false, true, 3},
+        {"ElmLarge@video", true, true, true, false, 3, true, true},
+        {"Birch@ftdi", true, true, false, true, 3, true, true},
+        {"Aspen@serial", false, false, false, false, 3, false, false},
+        {"FirSmall@ftdi", false, false, false, false, 2, false, false},
+        {"ElmSmall@ftdi", true, true, false, true, 3, true, true},
     };
     std::vector<int> heights;
     for (const SFamily& family : families) {
@@ -95,6 +84,11 @@ TEST_F(SecondaryDialogsTest, AdvancedRowsFollowTheFamilyAndCloseUp) {
         heights.push_back(advanced.height());
         EXPECT_EQ(advanced.geometry().bottom(), Dialog().geometry().bottom());
         EXPECT_EQ(advanced.geometry().left(), Dialog().geometry().right() + 1 + 20);
+        RunColorDialog([&](QDialog& color) {
+            EXPECT_EQ(Find<QComboBox>("attribute", &color)->isVisible(), family.colourAttribute);
+            EXPECT_EQ(Find<QLineEdit>("blackEdit", &color)->isVisible(), family.cmyk);
+            EXPECT_EQ(color.geometry().left(), Dialog().geometry().right() + 1 + 20);
+        });
     }
     EXPECT_GT(heights[0], heights[1]);
     EXPECT_GT(heights[1], heights[2]);
@@ -156,48 +150,6 @@ TEST_F(SecondaryDialogsTest, SharpnessGoesOutOnlyOnTheTick) {
     QCoreApplication::processEvents();
     QTest::keyClick(&other, Qt::Key_Home);
     EXPECT_NE(slider->value(), slider->minimum());
-}
-
-// Each showing takes its snapshot: after a display switch Cancel goes back to the new display's
-// values, except fan and power-down, which stay as set.
-TEST_F(SecondaryDialogsTest, CancelRestoresTheShownValuesExceptFanAndPowerDown) {
-    ASSERT_TRUE(Start("Birch@ftdi,ElmLarge@video"));
-    Platform().Display(1).Scaler().SetFromMenu(kSharpness, 2);
-    QDialog& advanced = OpenAdvanced();
-    Choose("displayCombo", 1);
-    Settle();
-    ASSERT_TRUE(advanced.isVisible());
-    QSlider* sharpness = Find<QSlider>("sharpness", &advanced);
-    EXPECT_EQ(sharpness->value(), 2);
-    const uint8_t codes[] = {kAspect, kDynamicContrast, kFan, kAutoPowerDown};
-    std::map<uint8_t, int> before;
-    for (uint8_t code : codes) {
-        before[code] = ScalerValue(1, code);
-    }
-    QComboBox* aspect = Find<QComboBox>("aspectRatio", &advanced);
-    Choose("aspectRatio", (aspect->currentIndex() + 1) % aspect->count(), &advanced);
-    Settle();
-    Drag(sharpness, 4);
-    Click(advanced, "dynamicContrast", before[kDynamicContrast] != 0 ? "off" : "on");
-    Choose("fanSpeed", before[kFan] != 0 ? 0 : 1, &advanced);
-    Settle();
-    Click(advanced, "autoPowerDown", before[kAutoPowerDown] != 0 ? "off" : "on");
-    std::map<uint8_t, int> changed;
-    for (uint8_t code : codes) {
-        changed[code] = ScalerValue(1, code);
-        EXPECT_NE(changed[code], before[code]) << int{code};
-    }
-    EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
-
-    Find<QPushButton>("cancel", &advanced)->click();
-    Settle();
-    EXPECT_FALSE(advanced.isVisible());
-    EXPECT_EQ(ScalerValue(1, kSharpness), 2);
-    EXPECT_EQ(ScalerValue(1, kAspect), before[kAspect]);
-    EXPECT_EQ(ScalerValue(1, kDynamicContrast), before[kDynamicContrast]);
-    EXPECT_EQ(ScalerValue(1, kFan), changed[kFan]);
-    EXPECT_EQ(ScalerValue(1, kAutoPowerDown), changed[kAutoPowerDown]);
-    EXPECT_EQ(Dialog().Count(EModal::eCommunicationError), 0u);
 }
 
 TEST_F(SecondaryDialogsTest, AFailedWriteInTheAdvancedDialogEndsTheProgram) {
@@ -278,46 +230,6 @@ TEST_F(SecondaryDialogsTest, TooDarkColoursAskFirst) {
             EXPECT_EQ(Gains() == before, c.asks);
             EXPECT_EQ(last->text(), c.asks ? shown : QString::fromLatin1(c.typed.back().second));
         });
-    }
-}
-
-// The colour of each attribute goes back on Cancel, stays on OK; the CMYK rows show where the
-// model has them, and the dialog stands beside the main dialog.
-TEST_F(SecondaryDialogsTest, CancelPutsTheStartingColourBack) {
-    struct SCase {
-        const char* description;
-        int attribute; // -1: the model has no attribute choice
-        uint8_t code;
-        const char* edit;
-        bool ok;
-        bool cmyk;
-    };
-    const SCase cases[] = {
-        {"Aspen@serial", -1, kGainGreen, "greenEdit", false, false},
-        {"ElmSmall@ftdi", eColorMod_Hue, kHueRed, "redEdit", false, true},
-        {"Birch@ftdi", eColorMod_Offset, kOffsetRed, "redEdit", false, true},
-        {"Birch@ftdi", eColorMod_Gain, kGainBlue, "blueEdit", true, true},
-    };
-    for (const SCase& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.description << " " << int{c.code});
-        mDialog.reset();
-        ASSERT_TRUE(Start(c.description));
-        const int before = ScalerValue(0, c.code);
-        RunColorDialog([&](QDialog& color) {
-            EXPECT_EQ(Find<QComboBox>("attribute", &color)->isVisible(), c.attribute >= 0);
-            EXPECT_EQ(Find<QLineEdit>("blackEdit", &color)->isVisible(), c.cmyk);
-            EXPECT_EQ(color.geometry().left(), Dialog().geometry().right() + 1 + 20);
-            if (c.attribute >= 0) {
-                Choose("attribute", c.attribute, &color);
-            }
-            Enter(c.edit, before == 7 ? "8" : "7", &color);
-            ASSERT_NE(ScalerValue(0, c.code), before);
-            Find<QPushButton>(c.ok ? "ok" : "cancel", &color)->click();
-            Settle();
-        });
-        EXPECT_EQ(ScalerValue(0, c.code) == before, !c.ok);
-        EXPECT_EQ(Dialog().Count(EModal::eCommunicationError), 0u);
-        EXPECT_FALSE(Find<QDialog>("colorDialog")->isVisible());
     }
 }
 
