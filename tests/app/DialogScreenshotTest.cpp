@@ -1,19 +1,32 @@
 #include "DialogHarness.h"
 
+#include "resources/LanguageTable.h"
+
 #include <QFileInfo>
 #include <QLabel>
 
 namespace {
 
-// Pictures of both dialogs for people to look at, under the build folder, with every visible
-// label showing its whole text.
-void ExpectWholeTextsAndScreenshot(QWidget& dialog_I, const std::string& name_I) {
-    for (QLabel* label : dialog_I.findChildren<QLabel*>()) {
-        if (label->isVisible()) {
-            EXPECT_GE(label->width(), label->sizeHint().width())
-                << name_I << ": " << label->text().toStdString();
+// Whether every visible label and button holds its whole text; a widget of fixed width only has
+// to hold its text.
+void ExpectWholeTexts(QWidget& dialog_I, const std::string& name_I) {
+    for (QWidget* widget : dialog_I.findChildren<QWidget*>()) {
+        auto* label = qobject_cast<QLabel*>(widget);
+        auto* button = qobject_cast<QPushButton*>(widget);
+        if ((label == nullptr && button == nullptr) || !widget->isVisibleTo(&dialog_I)) {
+            continue;
         }
+        const QString text = label ? label->text() : button->text();
+        EXPECT_FALSE(text.isEmpty()) << name_I << ": " << widget->objectName().toStdString();
+        const bool fixed = widget->minimumWidth() == widget->maximumWidth();
+        EXPECT_GE(widget->width(), fixed ? widget->fontMetrics().horizontalAdvance(text)
+                                         : widget->minimumSizeHint().width())
+            << name_I << ": " << text.toStdString();
     }
+}
+
+// Pictures of the three dialogs for people to look at, under the build folder.
+void ExpectScreenshot(QWidget& dialog_I, const std::string& name_I) {
     SaveScreenshot(dialog_I, name_I);
     EXPECT_TRUE(
         QFileInfo::exists(ScreenshotFolder() + "/" + QString::fromStdString(name_I) + ".png"))
@@ -22,17 +35,41 @@ void ExpectWholeTextsAndScreenshot(QWidget& dialog_I, const std::string& name_I)
 
 class DialogScreenshotTest : public DialogTest {};
 
-TEST_F(DialogScreenshotTest, BothDialogsForSeveralFamiliesAndLanguages) {
+// Every translated language on the families whose rows differ most: labels come from the table,
+// and nothing is cut.
+TEST_F(DialogScreenshotTest, EveryLanguageFitsItsTextsInEveryDialog) {
     const char* families[] = {"ElmLarge@video", "Birch@ftdi", "Aspen@serial", "FirSmall@ftdi",
                               "ElmSmall@ftdi"};
-    for (const char* language : {"en", "de", "ja"}) {
+    for (const SLanguageRow& row : kLanguageRows) {
+        if (!row.translated) {
+            continue;
+        }
+        const std::string language(row.name);
         for (const std::string family : families) {
             const std::string name = family.substr(0, family.find('@')) + "-" + language;
+            SCOPED_TRACE(name);
             mDialog.reset();
             ASSERT_TRUE(Start(family, language));
-            ExpectWholeTextsAndScreenshot(OpenAdvanced(), "advanced-" + name);
-            RunColorDialog(
-                [&](QDialog& color) { ExpectWholeTextsAndScreenshot(color, "color-" + name); });
+            Dialog().adjustSize();
+            if (language != "en") {
+                EXPECT_NE(Find<QLabel>("brightnessLabel")->text(), QStringLiteral("Brightness:"));
+            }
+            ExpectWholeTexts(Dialog(), "main " + name);
+            // The "?" is narrower than the buttons beside it, and of their height on their row.
+            const QRect help = Find<QPushButton>("helpButton")->geometry();
+            const QRect advancedButton = Find<QPushButton>("advancedButton")->geometry();
+            EXPECT_LT(help.width(), advancedButton.width());
+            EXPECT_EQ(help.height(), advancedButton.height());
+            EXPECT_EQ(help.center().y(), advancedButton.center().y());
+            ExpectScreenshot(Dialog(), "main-" + name);
+
+            QDialog& advanced = OpenAdvanced();
+            ExpectWholeTexts(advanced, "advanced " + name);
+            ExpectScreenshot(advanced, "advanced-" + name);
+            RunColorDialog([&](QDialog& color) {
+                ExpectWholeTexts(color, "colour " + name);
+                ExpectScreenshot(color, "color-" + name);
+            });
         }
     }
 }

@@ -1,7 +1,5 @@
 #include "DialogHarness.h"
 
-#include "resources/LanguageTable.h"
-
 #include <QDir>
 #include <QFileInfo>
 #include <QScreen>
@@ -123,46 +121,6 @@ TEST_F(DialogTest, ControlsFollowTheFamily) {
         if (Shown("rgbLabel")) {
             EXPECT_TRUE(Find<QLabel>("rgbLabel")->text().startsWith(QStringLiteral("RGB: ")));
         }
-        std::string name = c.description;
-        SaveScreenshot(Dialog(), "main-" + name.substr(0, name.find('@')) + "-en");
-    }
-}
-
-// Every translated language: labels come from the table, and nothing is cut.
-TEST_F(DialogTest, EveryLanguageFitsItsTexts) {
-    for (const SLanguageRow& row : kLanguageRows) {
-        if (!row.translated) {
-            continue;
-        }
-        const std::string tag(row.name);
-        SCOPED_TRACE(tag);
-        mDialog.reset();
-        ASSERT_TRUE(Start("ElmLarge@video", tag));
-        Dialog().adjustSize();
-        if (tag != "en") {
-            EXPECT_NE(Find<QLabel>("brightnessLabel")->text(), QStringLiteral("Brightness:"));
-        }
-        for (QWidget* widget : Dialog().findChildren<QWidget*>()) {
-            auto* label = qobject_cast<QLabel*>(widget);
-            auto* button = qobject_cast<QPushButton*>(widget);
-            if ((label == nullptr && button == nullptr) || !widget->isVisibleTo(&Dialog())) {
-                continue;
-            }
-            const QString text = label ? label->text() : button->text();
-            EXPECT_FALSE(text.isEmpty()) << widget->objectName().toStdString();
-            // A widget of fixed width only has to hold its text.
-            const bool fixed = widget->minimumWidth() == widget->maximumWidth();
-            EXPECT_GE(widget->width(), fixed ? widget->fontMetrics().horizontalAdvance(text)
-                                             : widget->minimumSizeHint().width())
-                << widget->objectName().toStdString();
-        }
-        // The "?" is narrower than the buttons beside it, and of their height on their row.
-        const QRect help = Find<QPushButton>("helpButton")->geometry();
-        const QRect advanced = Find<QPushButton>("advancedButton")->geometry();
-        EXPECT_LT(help.width(), advanced.width());
-        EXPECT_EQ(help.height(), advanced.height());
-        EXPECT_EQ(help.center().y(), advanced.center().y());
-        SaveScreenshot(Dialog(), "main-ElmLarge-" + tag);
     }
 }
 
