@@ -13,6 +13,7 @@ TEST(ColorNotationTest, ComponentsChangeThroughTheirOwnNotation) {
     EXPECT_EQ(red.green, 100);
     EXPECT_EQ(red.blue, 50);
     EXPECT_EQ(ComponentValue(red, eColorSlider_Yellow), 500);
+    EXPECT_EQ(ApplyComponent(start, eColorSlider_Red, 300).red, 255);
     // Black at 600 thousandths scales every component to 40 percent.
     const SCustomColor grey =
         ApplyComponent(SCustomColor::FromRGB(255, 255, 255), eColorSlider_Black, 600);
