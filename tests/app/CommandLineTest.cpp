@@ -84,19 +84,6 @@ TEST_F(CommandLineTest, LanguageNeedsExactlyOneBlankAndAKnownTag) {
     }
 }
 
-TEST_F(CommandLineTest, SimulateTakesAnOptionalDescription) {
-    const SCommandLine bare = ParseCommandLine(L"/simulate /debug");
-    EXPECT_TRUE(bare.simulate);
-    EXPECT_EQ(bare.simulation, "");
-
-    const SCommandLine described =
-        ParseCommandLine(L"/hidPort /SIMULATE Birch@ftdi,Hazel@hid:serial=ABC /skipSerialMatch");
-    EXPECT_TRUE(described.simulate);
-    EXPECT_EQ(described.simulation, "Birch@ftdi,Hazel@hid:serial=ABC");
-    EXPECT_TRUE(described.options.skipSerialMatch);
-    EXPECT_EQ(described.options.connectionMode, eConnectionMode_HID);
-}
-
 // The help box leaves out the options a user is not meant to reach.
 TEST_F(CommandLineTest, HelpBoxListsSixLinesWithoutTheHiddenOptions) {
     const std::wstring text = HelpText();

@@ -46,17 +46,9 @@ int CTestMainDialog::ExecModal(QDialog& window_I, EModal kind_I) {
             text += label->text() + QLatin1Char('\n');
         }
     }
-    const bool first = Count(kind_I) == 0;
     mShown.push_back({kind_I, text});
     if (mOnWindow) {
         mOnWindow();
-    }
-    if (!mScreenshotPrefix.empty() && first) {
-        window_I.show();
-        static const char* const kNames[] = {"dark-question", "factory-reset-question",
-                                             "communication-error", "error-window",
-                                             "not-supported-window"};
-        SaveScreenshot(window_I, mScreenshotPrefix + kNames[static_cast<int>(kind_I)]);
     }
     const auto answer = mAnswers.find(kind_I);
     if (answer != mAnswers.end()) {
@@ -68,10 +60,7 @@ int CTestMainDialog::ExecModal(QDialog& window_I, EModal kind_I) {
     return kind_I == EModal::eFactoryResetQuestion ? int{QMessageBox::Ok} : int{QDialog::Accepted};
 }
 
-void CTestMainDialog::WaitWindowShown(QWidget& window_I) {
-    if (!mScreenshotPrefix.empty() && mWaitWindowsShown == 0) {
-        SaveScreenshot(window_I, mScreenshotPrefix + "wait-window");
-    }
+void CTestMainDialog::WaitWindowShown(QWidget&) {
     ++mWaitWindowsShown;
     if (mOnWindow) {
         mOnWindow();

@@ -46,8 +46,6 @@ public:
     // Answers by kind. Without one the dark question runs its own loop, so that its timer
     // closes it, a factory reset is confirmed and the other windows are acknowledged.
     std::map<EModal, int> mAnswers;
-    // Prefix of the pictures to take of each kind of window once; empty takes none.
-    std::string mScreenshotPrefix;
     int mWaitWindowsShown = 0;
     // Runs while a window of its own loop or the wait window is open.
     std::function<void()> mOnWindow;

@@ -44,8 +44,13 @@ TEST_F(DialogScreenshotTest, EveryLanguageFitsItsTextsInEveryDialog) {
         if (!row.translated) {
             continue;
         }
+        // Every family in the pictured languages, the fullest elsewhere.
         const std::string language(row.name);
+        const bool pictured = language == "en" || language == "de" || language == "ja";
         for (const std::string family : families) {
+            if (!pictured && family != families[0]) {
+                continue;
+            }
             const std::string name = family.substr(0, family.find('@')) + "-" + language;
             SCOPED_TRACE(name);
             mDialog.reset();

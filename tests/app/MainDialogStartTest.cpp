@@ -15,7 +15,6 @@ constexpr uint8_t kContrast = 0x12;
 
 TEST_F(DialogTest, TwoDisplaysFillTheDisplayComboAndShowTheFirst) {
     ASSERT_TRUE(Start("ElmLarge@video,Birch@ftdi"));
-    Dialog().mScreenshotPrefix = "start-";
     EXPECT_EQ(Rows("displayCombo").size(), 2);
     EXPECT_EQ(Find<QComboBox>("displayCombo")->currentIndex(), 0);
     EXPECT_TRUE(Dialog().isVisible());
@@ -48,7 +47,6 @@ TEST_F(DialogTest, AStartWithoutDisplaysEndsThroughItsWindow) {
         options.exitOnError = c.exitOnError;
         mDialog = std::make_unique<CTestMainDialog>(
             options, SMainDialogEnvironment{mPlatform, {}, QStringLiteral("paneltune-test-none")});
-        Dialog().mScreenshotPrefix = "failure-";
         EXPECT_FALSE(Dialog().OnInitDialog());
         EXPECT_TRUE(Dialog().Ended());
         EXPECT_EQ(Dialog().Result(), 0);
