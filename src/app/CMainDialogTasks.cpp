@@ -107,6 +107,7 @@ void CMainDialog::DoFactoryReset(bool skipConfirmation_I) {
     PlaceWindow();
     ClearColorCombos();
     PrepareCurrentDisplay(false);
+    emit displaysChanged();
     if (mSecondary->AdvancedExists()) {
         mSecondary->RefreshAdvanced();
     }

@@ -19,6 +19,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -86,6 +87,8 @@ protected:
     // Lets the dialog finish what the last action started.
     void Settle();
 
+    // Runs between building the dialog and its set-up, when set.
+    std::function<void(CTestMainDialog&)> mBeforeInit;
     CScopedVirtualClock mClock;
     std::unique_ptr<QTemporaryDir> mSettingsFolder;
     std::shared_ptr<CSimulatedPlatform> mPlatform;

@@ -1,0 +1,163 @@
+#include "DialogHarness.h"
+
+#include "app/CHotplugWatcher.h"
+#include "app/CProfileControl.h"
+#include "app/CTrayControl.h"
+#include "foundation/TimeSeam.h"
+
+#include <QMenu>
+#include <QWidgetAction>
+
+#include <future>
+
+namespace {
+
+constexpr uint8_t kBrightness = 0x10;
+
+// Profiles land in a temporary folder; the tray is made before the dialog's set-up, as the
+// program makes it.
+class TrayControlTest : public DialogTest {
+protected:
+    void SetUp() override {
+        DialogTest::SetUp();
+        mConfigWas = qgetenv("XDG_CONFIG_HOME");
+        qputenv("XDG_CONFIG_HOME", mConfig.path().toLocal8Bit());
+    }
+    void TearDown() override {
+        mTray.reset();
+        DialogTest::TearDown();
+        qputenv("XDG_CONFIG_HOME", mConfigWas);
+    }
+    bool StartWithTray(const std::string& description_I, bool trayAvailable_I) {
+        mBeforeInit = [this, trayAvailable_I](CTestMainDialog& dialog) {
+            mTray = std::make_unique<CTrayControl>(dialog, trayAvailable_I);
+        };
+        return Start(description_I);
+    }
+    // The display names of the menu's sliders.
+    QStringList Displays() {
+        QStringList names;
+        for (QAction* action : mTray->Menu().actions()) {
+            if (qobject_cast<QWidgetAction*>(action) != nullptr) {
+                names << action->text();
+            }
+        }
+        return names;
+    }
+    QSlider& Slider(int display_I) {
+        return *mTray->Menu().findChildren<QSlider*>(QStringLiteral("trayBrightness"))[display_I];
+    }
+    QMenu* Profiles(int display_I) {
+        QList<QMenu*> menus;
+        for (QAction* action : mTray->Menu().actions()) {
+            if (action->menu() != nullptr) {
+                menus << action->menu();
+            }
+        }
+        return menus[display_I];
+    }
+    QAction* Entry(const QString& text_I) {
+        for (QAction* action : mTray->Menu().actions()) {
+            if (action->text().startsWith(text_I)) {
+                return action;
+            }
+        }
+        return nullptr;
+    }
+    size_t Frames(size_t display_I) {
+        return Platform().Display(display_I).Scaler().TakeRequests().size();
+    }
+    void SettleHotplug() {
+        auto* watcher = Dialog().findChild<CHotplugWatcher*>(QStringLiteral("hotplugWatcher"));
+        QCoreApplication::processEvents();
+        watcher->Poll();
+        SleepMs(CHotplugWatcher::kSettleMs);
+        EXPECT_TRUE(watcher->Poll());
+    }
+
+    QTemporaryDir mConfig;
+    QByteArray mConfigWas;
+    std::unique_ptr<CTrayControl> mTray;
+};
+
+} // namespace
+
+// Without a tray the program starts and closes as it always did; with one it starts hidden and
+// closing only hides it.
+TEST_F(TrayControlTest, TheWindowStartsAndClosesIntoTheTrayOnlyWhereThereIsOne) {
+    for (const bool available : {false, true}) {
+        SCOPED_TRACE(available);
+        ASSERT_TRUE(StartWithTray("Birch@ftdi", available));
+        EXPECT_EQ(mTray->Active(), available);
+        EXPECT_EQ(Dialog().isVisible(), !available);
+        if (available) {
+            mTray->Rebuild();
+            Entry(QStringLiteral("Open"))->trigger();
+            EXPECT_TRUE(Dialog().isVisible());
+        }
+        Dialog().close();
+        EXPECT_FALSE(Dialog().isVisible());
+        EXPECT_EQ(Dialog().Ended(), !available);
+        if (available) {
+            Entry(QStringLiteral("Quit"))->trigger();
+            EXPECT_TRUE(Dialog().Ended());
+        }
+        mTray.reset();
+    }
+}
+
+TEST_F(TrayControlTest, EachDisplaysSliderAndProfilesGoThroughTheWorkerAndShowInTheDialog) {
+    ASSERT_TRUE(StartWithTray("Birch@ftdi,ElmLarge@video", true));
+    Enter("brightnessEdit", QStringLiteral("20"));
+    QString message;
+    ASSERT_TRUE(
+        Find<CProfileControl>("profileButton")->SaveCurrent(QStringLiteral("night"), message));
+    mTray->Rebuild();
+    EXPECT_EQ(Displays(), Rows("displayCombo"));
+    EXPECT_EQ(Slider(0).value(), 20);
+    EXPECT_EQ(Slider(1).value(), ScalerValue(1, kBrightness));
+    for (size_t display : {0, 1}) {
+        Platform().Display(display).Scaler().RecordRequests(true);
+    }
+
+    // One step is one write and the dark test; a drag while the wire is busy keeps only its
+    // last value. Neither reaches the other display.
+    Slider(0).triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    const size_t oneWrite = Frames(0);
+    EXPECT_GT(oneWrite, 0u);
+    std::promise<void> wire;
+    Dialog().Worker().Post([busy = wire.get_future().share()] { busy.wait(); });
+    Slider(0).setSliderDown(true);
+    for (const int value : {30, 40, 50}) {
+        Slider(0).setValue(value);
+    }
+    wire.set_value();
+    Slider(0).setSliderDown(false);
+    EXPECT_EQ(Frames(0), oneWrite);
+    EXPECT_EQ(Frames(1), 0u);
+    EXPECT_EQ(ScalerValue(0, kBrightness), 50);
+    EXPECT_EQ(Find<QLineEdit>("brightnessEdit")->text(), QStringLiteral("50"));
+    EXPECT_EQ(Find<QSlider>("brightnessSlider")->value(), 50);
+
+    // The dialog's change shows in the tray's menu the next time it opens.
+    Enter("brightnessEdit", QStringLiteral("70"));
+    emit mTray->Menu().aboutToShow();
+    EXPECT_EQ(Slider(0).value(), 70);
+
+    // A profile applies to its own model only, as an unsaved change.
+    EXPECT_FALSE(Profiles(1)->isEnabled());
+    ASSERT_EQ(Profiles(0)->actions().size(), 1);
+    Profiles(0)->actions()[0]->trigger();
+    EXPECT_EQ(ScalerValue(0, kBrightness), 20);
+    EXPECT_EQ(Find<QLineEdit>("brightnessEdit")->text(), QStringLiteral("20"));
+    EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
+
+    // The list follows displays plugged out and in.
+    const QStringList both = Displays();
+    Platform().Unplug(1);
+    SettleHotplug();
+    EXPECT_EQ(Displays(), QStringList{both[0]});
+    Platform().Replug(1);
+    SettleHotplug();
+    EXPECT_EQ(Displays(), both);
+}
