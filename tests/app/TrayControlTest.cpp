@@ -5,7 +5,12 @@
 #include "app/CTrayControl.h"
 #include "foundation/TimeSeam.h"
 
+#include <QFileInfo>
+#include <QIcon>
 #include <QMenu>
+#include <QScreen>
+#include <QSystemTrayIcon>
+#include <QTest>
 #include <QWidgetAction>
 
 #include <future>
@@ -160,4 +165,30 @@ TEST_F(TrayControlTest, EachDisplaysSliderAndProfilesGoThroughTheWorkerAndShowIn
     Platform().Replug(1);
     SettleHotplug();
     EXPECT_EQ(Displays(), both);
+}
+
+// Pictures for people to look at: the open menu, and the screen with the icon in the tray host
+// that desktop_session.sh starts under Xvfb. Skipped where no tray is.
+TEST_F(TrayControlTest, PicturesOfTheMenuAndTheIconInTheTray) {
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
+        GTEST_SKIP() << "no system tray";
+    }
+    QApplication::setWindowIcon(QIcon(QStringLiteral(PANELTUNE_ICON_FILE)));
+    ASSERT_TRUE(StartWithTray("Birch@ftdi,ElmLarge@video", true));
+    // Below the tray host, which stands at the screen's top right corner.
+    const QRect corner(QGuiApplication::primaryScreen()->geometry().topRight() - QPoint(440, 0),
+                       QSize(440, 300));
+    QMenu& menu = mTray->Menu();
+    menu.popup(corner.topLeft() + QPoint(100, 60));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    // The host embeds the icon when it gets to it; the picture waits for that, not for a time.
+    auto* icon = mTray->findChild<QSystemTrayIcon*>();
+    ASSERT_NE(icon, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([icon] { return icon->geometry().isValid(); }));
+    SaveScreenshot(menu, "tray-menu");
+    QGuiApplication::primaryScreen()
+        ->grabWindow(0, corner.x(), corner.y(), corner.width(), corner.height())
+        .save(ScreenshotFolder() + QStringLiteral("/tray-corner.png"));
+    EXPECT_TRUE(QFileInfo::exists(ScreenshotFolder() + QStringLiteral("/tray-menu.png")));
+    menu.hide();
 }
