@@ -88,7 +88,7 @@ CTrayControl::~CTrayControl() {
 void CTrayControl::Rebuild() {
     mMenu.clear();
     for (QMenu* submenu : mMenu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
-        submenu->deleteLater();
+        delete submenu;
     }
     CDisplayWorker& worker = mDialog.Worker();
     worker.WaitIdle();

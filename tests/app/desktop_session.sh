@@ -74,8 +74,9 @@ QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=2 PANELTUNE_SCREENSHOT_DIR="$pictures" \
 # The tray's pictures need a tray host in the screen's top right corner.
 trayer --edge top --align right --widthtype request --height 32 >/dev/null 2>&1 &
 pids+=($!)
-timeout 30 xdotool search --sync --class '^trayer$' >/dev/null
+for _ in $(seq 100); do xdotool search --class '^trayer$' >/dev/null 2>&1 && break; sleep 0.1; done
 QT_QPA_PLATFORM=xcb PANELTUNE_SCREENSHOT_DIR="$pictures" \
     "$tests" --gtest_filter='TrayControlTest.Pictures*' \
     >"$work/tray.log" 2>&1 || { tail -40 "$work/tray.log"; exit 1; }
+[ -s "$pictures/tray-menu.png" ] || { echo "no tray picture: the tray host did not answer"; exit 1; }
 echo "pictures in $pictures"
