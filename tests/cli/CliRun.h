@@ -8,6 +8,7 @@
 #include "platform/sim/CSimulatedPlatform.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdlib>
 #include <filesystem>
@@ -25,16 +26,19 @@ struct SCliRun {
 
 class CliTest : public ::testing::Test {
 protected:
-    // Each test keeps the displays' facts in a cache folder of its own.
+    // Each test keeps the displays' facts and the profiles in folders of its own.
     CliTest() {
         char folder[] = "/tmp/paneltune-cli-XXXXXX";
-        mCacheHome = mkdtemp(folder) ? folder : "";
+        mHome = mkdtemp(folder) ? folder : "";
+        mCacheHome = mHome + "/cache";
         setenv("XDG_CACHE_HOME", mCacheHome.c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (mHome + "/config").c_str(), 1);
     }
     ~CliTest() override {
         unsetenv("XDG_CACHE_HOME");
+        unsetenv("XDG_CONFIG_HOME");
         std::error_code ignored;
-        std::filesystem::remove_all(mCacheHome, ignored);
+        std::filesystem::remove_all(mHome, ignored);
     }
 
     SCliRun Run(const std::vector<std::string>& args_I, const std::string& input_I = "") {
@@ -63,6 +67,7 @@ protected:
 
     CSimDisplay& Sim(size_t index_I = 0) { return mPlatform->Display(index_I); }
 
+    std::string mHome;
     std::string mCacheHome;
     CScopedVirtualClock mClock;
     std::shared_ptr<CSimulatedPlatform> mPlatform;
@@ -77,4 +82,24 @@ protected:
 // One line that names the program: how every failure is reported.
 inline bool IsOneErrorLine(const std::string& err_I) {
     return err_I.starts_with("paneltunectl: ") && err_I.find('\n') == err_I.size() - 1;
+}
+
+using Json = nlohmann::json;
+
+// What paneltunectl printed with --json, or null (and a failure) when it is no JSON.
+inline Json ParseOut(const std::string& out_I) {
+    Json json = Json::parse(out_I, nullptr, false);
+    EXPECT_FALSE(json.is_discarded()) << out_I;
+    return json.is_discarded() ? Json() : json;
+}
+
+// One setting of `get --json`, or null.
+inline Json Setting(const std::string& out_I, const std::string& name_I) {
+    const Json get = ParseOut(out_I);
+    for (const Json& setting : get.value("settings", Json::array())) {
+        if (setting["name"] == name_I) {
+            return setting;
+        }
+    }
+    return Json();
 }

@@ -1,59 +1,26 @@
 #include "CliRun.h"
-#include "JsonReader.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <optional>
-
-#include <unistd.h>
 
 namespace {
 
-namespace fs = std::filesystem;
-
-// Profiles land in a folder of the test's own, given as XDG_CONFIG_HOME.
 class ProfileTest : public CliTest {
 protected:
-    void SetUp() override {
-        const char* was = std::getenv("XDG_CONFIG_HOME");
-        mConfigWas = was ? std::optional<std::string>(was) : std::nullopt;
-        mConfig = fs::temp_directory_path() /
-                  ("paneltune-profiles-" + std::to_string(::getpid()) + "-" +
-                   ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(mConfig);
-        ::setenv("XDG_CONFIG_HOME", mConfig.c_str(), 1);
-        mKeepDisplays = true;
-    }
-    void TearDown() override {
-        fs::remove_all(mConfig);
-        if (mConfigWas) {
-            ::setenv("XDG_CONFIG_HOME", mConfigWas->c_str(), 1);
-        } else {
-            ::unsetenv("XDG_CONFIG_HOME");
-        }
+    ProfileTest() { mKeepDisplays = true; }
+
+    std::filesystem::path File(const std::string& name_I) const {
+        return std::filesystem::path(mHome) / "config/paneltune/profiles" / (name_I + ".profile");
     }
 
-    fs::path File(const std::string& name_I) const {
-        return mConfig / "paneltune" / "profiles" / (name_I + ".profile");
+    std::string Text(const std::string& name_I) const {
+        std::ifstream file(File(name_I));
+        return std::string(std::istreambuf_iterator<char>(file), {});
     }
-
-    fs::path mConfig;
-    std::optional<std::string> mConfigWas;
 };
-
-int Brightness(const std::string& getAll_I) {
-    const SJson json = ParseJson(getAll_I).value_or(SJson{});
-    for (const SJson& setting : json["settings"].items) {
-        if (setting["name"].text == "brightness") {
-            return setting["value"].Int();
-        }
-    }
-    return -1;
-}
 
 } // namespace
 
@@ -93,24 +60,21 @@ TEST_F(ProfileTest, ApplyingAProfileBringsBackEverySettingOfEachFamily) {
             run({"set", change[0], change[1]});
         }
         const std::string changed = run({"get", "all", "--json"});
-        EXPECT_EQ(Brightness(changed), 80);
+        EXPECT_EQ(Setting(changed, "brightness")["value"], 80);
         EXPECT_NE(changed, saved);
         run({"profile", "apply", "night"});
         EXPECT_EQ(run({"get", "all", "--json"}), saved);
-        EXPECT_EQ(Brightness(saved), 20);
+        EXPECT_EQ(Setting(saved, "brightness")["value"], 20);
         EXPECT_FALSE(Sim().Scaler().Saved(0x10) == 20 || Sim().Scaler().Saved(0x6B) == 20);
         run({"profile", "delete", "night"});
-        EXPECT_FALSE(fs::exists(File("night")));
+        EXPECT_FALSE(std::filesystem::exists(File("night")));
     }
 }
 
 TEST_F(ProfileTest, ProfilesOfOtherModelsDamagedOrMissingAreRefusedWithOneLine) {
     const std::string twoDisplays = "ElmLarge@video,Hazel@hid";
     ASSERT_EQ(Run({"--simulate", twoDisplays, "profile", "save", "night"}).exit, 0);
-    const std::string night = [&] {
-        std::ifstream file(File("night"));
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }();
+    const std::string night = Text("night");
     std::ofstream(File("broken")) << "model = PDX-3200\nserial\n";
 
     struct SRow {
@@ -137,14 +101,12 @@ TEST_F(ProfileTest, ProfilesOfOtherModelsDamagedOrMissingAreRefusedWithOneLine) 
         EXPECT_TRUE(IsOneErrorLine(run.err)) << run.err;
         EXPECT_NE(run.err.find(row.error), std::string::npos) << run.err;
     }
-    std::ifstream file(File("night"));
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), night);
+    EXPECT_EQ(Text("night"), night);
 
-    const std::optional<SJson> list = ParseJson(Run({"profile", "list", "--json"}).out);
-    ASSERT_TRUE(list.has_value());
-    ASSERT_EQ((*list)["profiles"].items.size(), 2u);
-    EXPECT_FALSE((*list)["profiles"][0]["valid"].boolean); // broken
-    EXPECT_EQ((*list)["profiles"][1]["serial"].text, "VRX1060000001");
+    Json list = ParseOut(Run({"profile", "list", "--json"}).out);
+    ASSERT_EQ(list["profiles"].size(), 2u);
+    EXPECT_EQ(list["profiles"][0]["valid"], false); // broken
+    EXPECT_EQ(list["profiles"][1]["serial"], "VRX1060000001");
 }
 
 TEST_F(ProfileTest, ApplyWithSaveStoresTheSettingsInTheDisplay) {
@@ -154,8 +116,8 @@ TEST_F(ProfileTest, ApplyWithSaveStoresTheSettingsInTheDisplay) {
     const SCliRun run =
         Run({"--simulate", "Birch", "profile", "apply", "night", "--save", "--json"});
     ASSERT_EQ(run.exit, 0) << run.err;
-    const SJson json = ParseJson(run.out).value_or(SJson{});
-    EXPECT_TRUE(json["saved"].boolean);
-    EXPECT_EQ(json["changed"][0].text, "brightness");
+    Json json = ParseOut(run.out);
+    EXPECT_EQ(json["saved"], true);
+    EXPECT_EQ(json["changed"][0], "brightness");
     EXPECT_EQ(Sim().Scaler().Saved(0x10), 20);
 }
