@@ -1,6 +1,5 @@
 #include "DialogHarness.h"
 
-#include "app/CProfileControl.h"
 #include "app/CTrayControl.h"
 
 #include <QFileInfo>
@@ -17,19 +16,12 @@ namespace {
 
 constexpr uint8_t kBrightness = 0x10;
 
-// Profiles land in a temporary folder; the tray is made before the dialog's set-up, as the
-// program makes it.
+// The tray is made before the dialog's set-up, as the program makes it.
 class TrayControlTest : public DialogTest {
 protected:
-    void SetUp() override {
-        DialogTest::SetUp();
-        mConfigWas = qgetenv("XDG_CONFIG_HOME");
-        qputenv("XDG_CONFIG_HOME", mConfig.path().toLocal8Bit());
-    }
     void TearDown() override {
         mTray.reset();
         DialogTest::TearDown();
-        qputenv("XDG_CONFIG_HOME", mConfigWas);
     }
     bool StartWithTray(const std::string& description_I, bool trayAvailable_I) {
         mBeforeInit = [this, trayAvailable_I](CTestMainDialog& dialog) {
@@ -40,10 +32,8 @@ protected:
     // The display names of the menu's sliders.
     QStringList Displays() {
         QStringList names;
-        for (QAction* action : mTray->Menu().actions()) {
-            if (qobject_cast<QWidgetAction*>(action) != nullptr) {
-                names << action->text();
-            }
+        for (QWidgetAction* action : mTray->Menu().findChildren<QWidgetAction*>()) {
+            names << action->text();
         }
         return names;
     }
@@ -58,8 +48,6 @@ protected:
         return Platform().Display(display_I).Scaler().TakeRequests().size();
     }
 
-    QTemporaryDir mConfig;
-    QByteArray mConfigWas;
     std::unique_ptr<CTrayControl> mTray;
 };
 
@@ -89,12 +77,9 @@ TEST_F(TrayControlTest, TheWindowStartsAndClosesIntoTheTrayOnlyWhereThereIsOne) 
     }
 }
 
-TEST_F(TrayControlTest, EachDisplaysSliderAndProfilesGoThroughTheWorkerAndShowInTheDialog) {
+TEST_F(TrayControlTest, EachDisplaysSliderWritesThroughTheWorkerAndShowsInTheDialog) {
     ASSERT_TRUE(StartWithTray("Birch@ftdi,ElmLarge@video", true));
     Enter("brightnessEdit", QStringLiteral("20"));
-    QString message;
-    ASSERT_TRUE(
-        Find<CProfileControl>("profileButton")->SaveCurrent(QStringLiteral("night"), message));
     mTray->Rebuild();
     EXPECT_EQ(Displays(), Rows("displayCombo"));
     EXPECT_EQ(Slider(0).value(), 20);
@@ -126,16 +111,6 @@ TEST_F(TrayControlTest, EachDisplaysSliderAndProfilesGoThroughTheWorkerAndShowIn
     Enter("brightnessEdit", QStringLiteral("70"));
     emit mTray->Menu().aboutToShow();
     EXPECT_EQ(Slider(0).value(), 70);
-
-    // A profile applies to its own model only, as an unsaved change.
-    const QList<QMenu*> profiles = mTray->Menu().findChildren<QMenu*>();
-    ASSERT_EQ(profiles.size(), 2);
-    EXPECT_FALSE(profiles[1]->isEnabled());
-    ASSERT_EQ(profiles[0]->actions().size(), 1);
-    profiles[0]->actions()[0]->trigger();
-    EXPECT_EQ(ScalerValue(0, kBrightness), 20);
-    EXPECT_EQ(Find<QLineEdit>("brightnessEdit")->text(), QStringLiteral("20"));
-    EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
 }
 
 // Pictures for people to look at: the open menu, and the screen with the icon in the tray host
