@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QSystemTrayIcon>
@@ -147,10 +148,15 @@ void CTrayControl::AddDisplay(const SRow& row_I, int key_I) {
     auto kept = std::make_shared<int>(row_I.brightness.value);
     // Weak, so that a rediscovery finds every channel closed.
     const std::weak_ptr<UiDisplayDelegate> display = row_I.display;
+    // The question and the dialog's refresh turn events, in which a rediscovery may rebuild the
+    // menu.
     const auto commit = [this, slider, display, kept] {
+        const QPointer<QSlider> alive(slider);
         *kept = Commit(display.lock(), *kept, slider->value());
-        const QSignalBlocker quiet(slider);
-        slider->setValue(*kept);
+        if (alive) {
+            const QSignalBlocker quiet(slider);
+            slider->setValue(*kept);
+        }
     };
     connect(slider, &QSlider::valueChanged, this,
             [this, slider, display, key_I, commit](int value) {
