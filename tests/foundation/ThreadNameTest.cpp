@@ -7,25 +7,16 @@
 #include <thread>
 
 TEST(ThreadName, LongNamesAreCutToWhatTheSystemKeeps) {
-    struct SCase {
-        std::string name;
-        std::string kept;
-    };
-    const SCase cases[] = {
-        {"DisplayConfig", "DisplayConfig"},
-        {"CMainDialog::DisplayConfigThread", "CMainDialog::Di"},
-    };
-    for (const SCase& c : cases) {
+    for (const std::string name : {"CMainDialog::Di", "CMainDialog::DisplayConfigThread"}) {
         std::string kept;
         bool named = false;
-        std::thread worker([&] {
-            named = SetCurrentThreadName(c.name);
+        std::thread([&] {
+            named = SetCurrentThreadName(name);
             char buffer[32] = {};
             pthread_getname_np(pthread_self(), buffer, sizeof buffer);
             kept = buffer;
-        });
-        worker.join();
-        EXPECT_TRUE(named);
-        EXPECT_EQ(kept, c.kept);
+        }).join();
+        EXPECT_TRUE(named) << name;
+        EXPECT_EQ(kept, "CMainDialog::Di");
     }
 }

@@ -26,8 +26,8 @@ class CTraceCapture {
 public:
     CTraceCapture() {
         {
-            std::lock_guard<std::mutex> hold(Lock());
-            Text().clear();
+            std::lock_guard<std::mutex> hold(sLock);
+            sText.clear();
         }
         SetTraceObserver(&Append);
     }
@@ -36,8 +36,8 @@ public:
     CTraceCapture& operator=(const CTraceCapture&) = delete;
 
     std::string Lines() const {
-        std::lock_guard<std::mutex> hold(Lock());
-        return Text();
+        std::lock_guard<std::mutex> hold(sLock);
+        return sText;
     }
     bool Contains(const std::string& part) const { return Lines().find(part) != std::string::npos; }
     // Yields until a line holds the part; the line is due from a thread that is running.
@@ -48,16 +48,10 @@ public:
     }
 
 private:
-    static std::mutex& Lock() {
-        static std::mutex lock;
-        return lock;
-    }
-    static std::string& Text() {
-        static std::string text;
-        return text;
-    }
     static void Append(const char* text, size_t length) {
-        std::lock_guard<std::mutex> hold(Lock());
-        Text().append(text, length);
+        std::lock_guard<std::mutex> hold(sLock);
+        sText.append(text, length);
     }
+    static inline std::mutex sLock;
+    static inline std::string sText;
 };

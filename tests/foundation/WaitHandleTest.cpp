@@ -3,11 +3,9 @@
 #include "foundation/CSignalSemaphore.h"
 #include "foundation/CSignalThread.h"
 #include "foundation/CWaitMulti.h"
-#include "foundation/ProcessInfo.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -19,94 +17,50 @@ namespace {
 
 constexpr double kForever = std::numeric_limits<double>::infinity();
 
-// A routine that waits for its go event and counts its runs.
-struct SGate {
-    CSignalEvent go;
-    std::atomic<int> runs{0};
-    SGate() { go.Create(true, false); }
-};
-
-uint32_t WaitForGate(void* context) {
-    auto* gate = static_cast<SGate*>(context);
-    gate->runs++;
-    gate->go.WaitFor(kForever);
-    return 0;
-}
-
-uint32_t Count(void* context) {
-    static_cast<std::atomic<int>*>(context)->fetch_add(1);
+uint32_t WaitForGo(void* context) {
+    static_cast<CSignalEvent*>(context)->WaitFor(kForever);
     return 0;
 }
 
 } // namespace
 
 TEST(WaitHandle, SecondsBecomeTruncatedMilliseconds) {
-    struct SCase {
+    const struct {
         double seconds;
         uint32_t milliseconds;
-    };
-    const SCase cases[] = {
+    } cases[] = {
         {0.0, 0},          {0.0015, 1},           {1.9999, 1999}, {5.05, 5050},          {-1.0, 0},
         {std::nan(""), 0}, {kForever, kInfinite}, {-kForever, 0}, {1e12, kInfinite - 1},
     };
-    for (const SCase& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(WaitMilliseconds(c.seconds), c.milliseconds) << c.seconds;
     }
 }
 
 TEST(WaitHandle, ThreadSignalsWhenItsRoutineEnds) {
-    SGate gate;
+    CSignalEvent go;
+    go.Create(true, false);
     CSignalThread thread;
-    ASSERT_TRUE(thread.Create(&WaitForGate, "WaitForGate", &gate));
-    EXPECT_NE(thread.ThreadId(), 0u);
-    EXPECT_NE(thread.ThreadId(), CurrentThreadId());
-    EXPECT_TRUE(thread.IsOwned());
-
-    EXPECT_FALSE(thread.WaitFor(0));
+    ASSERT_TRUE(thread.Create(&WaitForGo, "WaitForGo", &go));
     EXPECT_EQ(thread.MsgWaitFor(0), "Timeout");
-    EXPECT_TRUE(thread.Create(&WaitForGate, "again", &gate));
-
-    gate.go.Set();
+    go.Set();
     EXPECT_TRUE(thread.WaitFor(30.0));
-    EXPECT_TRUE(thread.WaitFor(0));
     EXPECT_EQ(thread.MsgWaitFor(0), "Event");
-    EXPECT_EQ(gate.runs.load(), 1);
-    EXPECT_EQ(thread.LastError(), 0u);
-
-    thread.Close();
-    EXPECT_FALSE(thread.WaitFor(0));
-    EXPECT_EQ(thread.MsgWaitFor(0), "");
-}
-
-TEST(WaitHandle, ClosingARunningThreadLeavesItRunning) {
-    SGate gate;
-    CSignalThread thread;
-    ASSERT_TRUE(thread.Create(&WaitForGate, "WaitForGate", &gate));
-    CWaitHandle view(thread.Handle(), false);
-    EXPECT_FALSE(view.IsOwned());
-    thread.Close();
-    EXPECT_EQ(thread.Handle(), nullptr);
-
-    EXPECT_FALSE(view.WaitFor(0));
-    gate.go.Set();
-    EXPECT_TRUE(view.WaitFor(kForever));
-    EXPECT_EQ(gate.runs.load(), 1);
 }
 
 TEST(WaitHandle, EventsResetByHandOrByTheWait) {
-    struct SCase {
+    const struct {
         bool manual;
         bool initial;
         bool firstWait;
         bool secondWait;
-    };
-    const SCase cases[] = {
+    } cases[] = {
         {true, true, true, true},
         {true, false, false, false},
         {false, true, true, false},
         {false, false, false, false},
     };
-    for (const SCase& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(std::to_string(c.manual) + std::to_string(c.initial));
         CSignalEvent event;
         ASSERT_TRUE(event.Create(c.manual, c.initial));
@@ -120,74 +74,26 @@ TEST(WaitHandle, EventsResetByHandOrByTheWait) {
     }
 }
 
-TEST(WaitHandle, NamedObjectsAreSharedInsideTheProcess) {
-    {
-        CSignalEvent maker(L"PanelTune.ready");
-        ASSERT_TRUE(maker.Create(true, false));
-        EXPECT_EQ(maker.LastError(), 0u);
-
-        CSignalEvent opener(L"PanelTune.ready");
-        EXPECT_FALSE(opener.WaitFor(0));
-        maker.Set();
-        EXPECT_TRUE(opener.WaitFor(0));
-
-        CSignalEvent joiner(L"PanelTune.ready");
-        ASSERT_TRUE(joiner.Create(false, false));
-        EXPECT_EQ(joiner.LastError(), kErrorAlreadyExists);
-        EXPECT_TRUE(joiner.WaitFor(0));
-
-        CSignalMutex clash(L"PanelTune.ready");
-        EXPECT_FALSE(clash.Create(false));
-        EXPECT_EQ(clash.LastError(), kErrorInvalidHandle);
-    }
-    CSignalEvent late(L"PanelTune.ready");
-    EXPECT_FALSE(late.Set());
-    EXPECT_EQ(late.LastError(), kErrorFileNotFound);
-}
-
-TEST(WaitHandle, UnnamedObjectsCannotBeOpened) {
-    CSignalEvent event;
-    CSignalMutex mutex;
-    CSignalSemaphore semaphore;
-    EXPECT_FALSE(event.WaitFor(0));
-    EXPECT_EQ(mutex.MsgWaitFor(0), "");
-    EXPECT_EQ(semaphore.Handle(), nullptr);
-}
-
 TEST(WaitHandle, MutexIsRecursiveForItsOwnerOnly) {
     CSignalMutex mutex(L"PanelTune.mutex");
     ASSERT_TRUE(mutex.Create(true));
-    EXPECT_TRUE(mutex.OwnedByMe());
-    EXPECT_FALSE(mutex.Existed());
     EXPECT_TRUE(mutex.WaitFor(0));
-
-    CSignalMutex other(L"PanelTune.mutex");
-    ASSERT_TRUE(other.Create(true));
-    EXPECT_TRUE(other.Existed());
-    EXPECT_FALSE(other.OwnedByMe());
-
-    std::atomic<int> step{0};
-    std::thread rival([&] {
-        CSignalMutex theirs(L"PanelTune.mutex");
-        step = theirs.WaitFor(0) ? 10 : 1;
-        step = step + (theirs.Release() ? 10 : 0) + (theirs.LastError() == kErrorNotOwner ? 1 : 0);
-    });
-    rival.join();
-    EXPECT_EQ(step.load(), 2);
-
+    auto rival = [](double seconds) {
+        bool took = false;
+        std::thread([&] {
+            CSignalMutex theirs(L"PanelTune.mutex");
+            took = theirs.WaitFor(seconds);
+            theirs.Release();
+        }).join();
+        return took;
+    };
+    EXPECT_FALSE(rival(0));
     EXPECT_TRUE(mutex.Release());
+    EXPECT_FALSE(rival(0)) << "held once more";
     EXPECT_TRUE(mutex.Release());
     EXPECT_FALSE(mutex.Release());
     EXPECT_EQ(mutex.LastError(), kErrorNotOwner);
-
-    std::thread taker([&] {
-        CSignalMutex theirs(L"PanelTune.mutex");
-        step = theirs.WaitFor(30.0) ? 3 : 0;
-        theirs.Release();
-    });
-    taker.join();
-    EXPECT_EQ(step.load(), 3);
-    EXPECT_TRUE(mutex.WaitFor(0));
+    EXPECT_TRUE(rival(30.0));
 }
 
 TEST(WaitHandle, SemaphoreCountsWaitsAndReleases) {
@@ -201,16 +107,8 @@ TEST(WaitHandle, SemaphoreCountsWaitsAndReleases) {
     EXPECT_TRUE(semaphore.WaitFor(0));
     EXPECT_TRUE(semaphore.WaitFor(0));
     EXPECT_FALSE(semaphore.WaitFor(0));
-
-    struct SCase {
-        int32_t initial;
-        int32_t maximum;
-    };
-    for (const SCase c : {SCase{3, 2}, SCase{-1, 2}, SCase{0, 0}}) {
-        CSignalSemaphore bad;
-        EXPECT_FALSE(bad.Create(c.initial, c.maximum));
-        EXPECT_EQ(bad.LastError(), kErrorInvalidParameter);
-    }
+    CSignalSemaphore bad;
+    EXPECT_FALSE(bad.Create(3, 2));
 }
 
 TEST(WaitHandle, MultiWaitAnswersWithTheLabel) {
@@ -219,24 +117,13 @@ TEST(WaitHandle, MultiWaitAnswersWithTheLabel) {
     first->Create(true, false);
     second->Create(true, false);
     CWaitMulti multi;
-    EXPECT_EQ(multi.WaitFor(0, false), "");
     multi.Add(first, "first");
     multi.Add(second, "second");
-    multi.Add(std::make_shared<CSignalEvent>(), "unopenable");
 
     EXPECT_EQ(multi.WaitFor(0, false), "Timeout");
     second->Set();
     EXPECT_EQ(multi.WaitFor(0, false), "second");
     EXPECT_EQ(multi.WaitFor(0, true), "Timeout");
     first->Set();
-    EXPECT_EQ(multi.WaitFor(0, false), "first");
     EXPECT_EQ(multi.MsgWaitFor(0, true), "first");
-
-    std::atomic<int> runs{0};
-    auto thread = std::make_shared<CSignalThread>();
-    ASSERT_TRUE(thread->Create(&Count, "Count", &runs));
-    CWaitMulti forThread;
-    forThread.Add(thread, "worker");
-    EXPECT_EQ(forThread.WaitFor(kForever, true), "worker");
-    EXPECT_EQ(runs.load(), 1);
 }

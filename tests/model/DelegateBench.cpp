@@ -1,124 +1,72 @@
 #include "DelegateBench.h"
 
-#include "ddc/Frames.h"
 #include "ddc/VcpCodes.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
 #include <string>
 
 namespace {
 
-// Write-only triggers that every family offers.
-const std::vector<SFakeCode> kTriggers{{0x04, 0}, {0x08, 0}, {0xEA, 0}};
-
-const std::vector<SFakeCode> kLevels{{0x10, 60, 100}, {0x12, 50, 100}, {0x87, 5, 10}, {0xCC, 2}};
-
-const std::vector<SFakeCode> kGains{{0x16, 200, 255}, {0x18, 200, 255}, {0x1A, 200, 255}};
-
-const std::vector<SFakeCode> kSixAxisAndOffset{
-    {0x9B, 50, 100}, {0x9D, 50, 100},  {0x9F, 50, 100},  {0x59, 50, 100}, {0x5B, 50, 100},
-    {0x5D, 50, 100}, {0xE4, 128, 255}, {0xE5, 128, 255}, {0xE6, 128, 255}};
-
+// Codes as "code=value" or "code=value/maximum" in hexadecimal and decimal, in a plain state:
+// 6500K, no calibrator preset, every switch off.
+const std::string kTriggersAndGains = "04=0 08=0 EA=0 16=200/255 18=200/255 1A=200/255 ";
+const std::string kLevels = kTriggersAndGains + "10=60/100 12=50/100 87=5/10 CC=2 ";
+const std::string kSixAxisAndOffset = kLevels + "9B=50/100 9D=50/100 9F=50/100 59=50/100 "
+                                                "5B=50/100 5D=50/100 E4=128/255 E5=128/255 "
+                                                "E6=128/255 ";
 // Gamma in tenths, display preset 5 and the Elm's switches.
-const std::vector<SFakeCode> kElmSettings{{0x14, 5}, {0x72, 22, 30}, {0xE0, 0}, {0xE2, 1},
-                                          {0xE8, 0}, {0xE9, 0},      {0xEE, 0}, {0xF0, 5}};
+const std::string kElm = kSixAxisAndOffset + "14=5 72=22/30 E0=0 E2=1 E8=0 E9=0 EE=0 F0=5 ";
 
-std::vector<SFakeCode> Join(std::initializer_list<std::vector<SFakeCode>> parts_I) {
-    std::vector<SFakeCode> all;
-    for (const std::vector<SFakeCode>& part : parts_I) {
-        all.insert(all.end(), part.begin(), part.end());
-    }
-    return all;
-}
+const struct {
+    std::vector<uint16_t> edids;
+    std::string codes;
+} kFamilies[] = {
+    {{Edid::Birch}, kSixAxisAndOffset + "14=5 72=1 E0=0 E2=1 E3=1 E8=0 E9=0 F0=7"},
+    {{Edid::ElmSmall, Edid::ElmHuge}, kElm},
+    // The larger Elm adds its fan.
+    {{Edid::ElmLarge}, kElm + "F3=1"},
+    {{Edid::FirSmall}, kTriggersAndGains + "12=50/100 13=60/100 14=5 E2=1 EF=2"},
+    {{Edid::FirSmallTwo, Edid::Hazel}, kTriggersAndGains + "12=50/100 6B=60/100 14=5 DA=0 EF=2"},
+    {{Edid::CedarSmall}, kLevels + "14=5 72=2 86=8 E3=7"},
+    {{Edid::CedarSmallTwo}, kLevels + "14=5 72=2 86=8 E0=0 F0=7 F4=2"},
+    {{Edid::Aspen, Edid::Alder}, kLevels + "14=5 86=8"},
+    {{}, kSixAxisAndOffset + "14=5 72=1 E0=0 E2=1 E3=1 F0=7 F3=1 F4=2"},
+};
 
-// The codes a scaler of each family offers, in a plain state: 6500K, no calibrator preset,
-// every switch off.
 std::vector<SFakeCode> FamilyCodes(uint16_t edid_I) {
-    switch (edid_I) {
-    case Edid::Birch:
-        return Join({kTriggers,
-                     kLevels,
-                     kGains,
-                     kSixAxisAndOffset,
-                     {{0x14, 5},
-                      {0x72, 1},
-                      {0xE0, 0},
-                      {0xE2, 1},
-                      {0xE3, 1},
-                      {0xE8, 0},
-                      {0xE9, 0},
-                      {0xF0, 7}}});
-    case Edid::ElmSmall:
-    case Edid::ElmHuge:
-        return Join({kTriggers, kLevels, kGains, kSixAxisAndOffset, kElmSettings});
-    case Edid::ElmLarge:
-        // The larger Elm adds its fan.
-        return Join({kTriggers, kLevels, kGains, kSixAxisAndOffset, kElmSettings, {{0xF3, 1}}});
-    case Edid::FirSmall:
-        return Join({kTriggers,
-                     kGains,
-                     {{0x12, 50, 100}, {0x13, 60, 100}, {0x14, 5}, {0xE2, 1}, {0xEF, 2}}});
-    case Edid::FirSmallTwo:
-    case Edid::Hazel:
-        return Join({kTriggers,
-                     kGains,
-                     {{0x12, 50, 100}, {0x6B, 60, 100}, {0x14, 5}, {0xDA, 0}, {0xEF, 2}}});
-    case Edid::CedarSmall:
-        return Join({kTriggers, kLevels, kGains, {{0x14, 5}, {0x72, 2}, {0x86, 8}, {0xE3, 7}}});
-    case Edid::CedarSmallTwo:
-        return Join({kTriggers,
-                     kLevels,
-                     kGains,
-                     {{0x14, 5}, {0x72, 2}, {0x86, 8}, {0xE0, 0}, {0xF0, 7}, {0xF4, 2}}});
-    case Edid::Aspen:
-    case Edid::Alder:
-        return Join({kTriggers, kLevels, kGains, {{0x14, 5}, {0x86, 8}}});
-    default:
-        return Join({kTriggers,
-                     kLevels,
-                     kGains,
-                     kSixAxisAndOffset,
-                     {{0x14, 5},
-                      {0x72, 1},
-                      {0xE0, 0},
-                      {0xE2, 1},
-                      {0xE3, 1},
-                      {0xF0, 7},
-                      {0xF3, 1},
-                      {0xF4, 2}}});
+    const auto* family = std::begin(kFamilies);
+    while (!family->edids.empty() && std::ranges::count(family->edids, edid_I) == 0) {
+        ++family;
     }
-}
-
-bool IsSetVCPFeature(const ByteVector& frame_I) {
-    return frame_I.size() >= 8 && frame_I[3] == ddcCC_SetVCPFeatureRequest;
+    std::vector<SFakeCode> codes;
+    std::istringstream words(family->codes);
+    std::string word;
+    while (words >> word) {
+        unsigned code = 0, value = 0, maximum = 0;
+        std::sscanf(word.c_str(), "%x=%u/%u", &code, &value, &maximum);
+        codes.push_back({static_cast<uint8_t>(code), static_cast<uint16_t>(value),
+                         static_cast<uint16_t>(maximum)});
+    }
+    return codes;
 }
 
 } // namespace
 
-ByteVector CDelegateConnector::SendRequest(const ByteVector& toSend_I, double delay,
-                                           unsigned expectedSize_I, int retries) {
-    if (IsSetVCPFeature(toSend_I) && mFailingWrites.count(toSend_I[4]) != 0) {
-        return {};
-    }
-    return CFakeConnector::SendRequest(toSend_I, delay, expectedSize_I, retries);
-}
-
 CDelegateBench::CDelegateBench(uint16_t edid_I, const std::vector<SFakeCode>& changes_I,
                                bool builtIn_I)
-    : mFake(std::make_shared<CDelegateConnector>()) {
-    std::vector<SFakeCode> codes = FamilyCodes(edid_I);
+    : mFake(std::make_shared<CFakeConnector>()), mCodes(FamilyCodes(edid_I)) {
     for (const SFakeCode& change : changes_I) {
-        const auto same = [&change](const SFakeCode& code_I) { return code_I.code == change.code; };
-        std::erase_if(codes, same);
+        std::erase_if(mCodes,
+                      [&change](const SFakeCode& code_I) { return code_I.code == change.code; });
         if (!change.absent) {
-            codes.push_back(change);
+            mCodes.push_back(change);
         }
     }
-    std::sort(codes.begin(), codes.end(),
-              [](const SFakeCode& a_I, const SFakeCode& b_I) { return a_I.code < b_I.code; });
+    std::ranges::sort(mCodes, {}, &SFakeCode::code);
     std::string vcp;
-    for (const SFakeCode& code : codes) {
+    for (const SFakeCode& code : mCodes) {
         char hex[4];
         std::snprintf(hex, sizeof(hex), "%02X ", code.code);
         vcp += hex;
@@ -126,7 +74,6 @@ CDelegateBench::CDelegateBench(uint16_t edid_I, const std::vector<SFakeCode>& ch
             mFake->SetVcp(code.code, code.value, code.maximum);
         }
     }
-    mCodes = codes;
     mFake->SetCapabilities("(prot(monitor)type(LCD)model(TEST)cmds(01 02 03 0C F3)vcp(" + vcp +
                            ")mccs_ver(2.2))");
     mDelegate = std::make_shared<UiDisplayDelegate>(edid_I, mFake, builtIn_I);
@@ -134,19 +81,12 @@ CDelegateBench::CDelegateBench(uint16_t edid_I, const std::vector<SFakeCode>& ch
     mFake->ClearSent();
 }
 
-void CDelegateBench::ReadAll() {
+void CDelegateBench::Read(bool refresh_I) {
     for (const SFakeCode& code : mCodes) {
-        mDelegate->GetVCPValue(static_cast<vcpCode>(code.code), false);
-    }
-    mFake->ClearSent();
-}
-
-void CDelegateBench::ResetScaler() {
-    for (const SFakeCode& code : mCodes) {
-        if (!code.refused) {
+        if (refresh_I && !code.refused) {
             mFake->SetVcp(code.code, code.value, code.maximum);
         }
-        mDelegate->GetVCPValue(static_cast<vcpCode>(code.code), true);
+        mDelegate->GetVCPValue(static_cast<vcpCode>(code.code), refresh_I);
     }
     mFake->ClearSent();
 }
@@ -154,15 +94,10 @@ void CDelegateBench::ResetScaler() {
 Writes CDelegateBench::SentWrites() const {
     Writes writes;
     for (const SSentRequest& sent : mFake->Sent()) {
-        if (IsSetVCPFeature(sent.frame)) {
+        if (sent.frame.size() >= 8 && sent.frame[3] == ddcCC_SetVCPFeatureRequest) {
             writes.emplace_back(sent.frame[4],
                                 static_cast<uint16_t>((sent.frame[5] << 8) | sent.frame[6]));
         }
     }
     return writes;
-}
-
-uint16_t CDelegateBench::Value(uint8_t code_I) const {
-    const std::optional<SFakeVcpEntry> entry = mFake->Vcp(code_I);
-    return entry ? entry->current : 0;
 }

@@ -1,34 +1,15 @@
 #pragma once
-// A display delegate on a fake scaler of one model: the scaler offers a table of codes with
-// their values and maxima, answers reads from it, takes writes into it, and can refuse a code
-// or fail every write of a code. The bench lists the writes in the order they reached the wire.
+// A display delegate on the shared fake connector set up as a scaler of one model family: the
+// scaler offers the family's codes with their values and maxima, answers reads from them and
+// takes writes into them. Each case changes, refuses or removes a few codes.
 
-#include "foundation/VirtualClock.h"
+#include "DisplayTestSupport.h"
 #include "model/UiDisplayDelegate.h"
-#include "support/CFakeConnector.h"
 
 #include <cstdint>
 #include <memory>
-#include <set>
 #include <utility>
 #include <vector>
-
-// EDID numbers of one model of each family.
-namespace Edid {
-constexpr uint16_t Alder = 0x1040;
-constexpr uint16_t Aspen = 0x1041;
-constexpr uint16_t Birch = 0x1044;
-constexpr uint16_t ElmSmall = 0x1054;
-constexpr uint16_t ElmLarge = 0x1060;
-constexpr uint16_t ElmHuge = 0x1057;
-constexpr uint16_t FirSmall = 0x1064;
-constexpr uint16_t FirSmallTwo = 0x1071;
-constexpr uint16_t Hazel = 0x1070;
-constexpr uint16_t CedarSmall = 0x1052;
-constexpr uint16_t CedarSmallTwo = 0x1066;
-// In no table of the delegate.
-constexpr uint16_t Unknown = 0x1234;
-} // namespace Edid
 
 struct SFakeCode {
     uint8_t code;
@@ -43,38 +24,28 @@ struct SFakeCode {
 
 using Writes = std::vector<std::pair<uint8_t, uint16_t>>;
 
-// A shared fake connector that can also fail every Set VCP Feature of chosen codes.
-class CDelegateConnector : public CFakeConnector {
-public:
-    void FailWritesOf(uint8_t code_I) { mFailingWrites.insert(code_I); }
-    ByteVector SendRequest(const ByteVector& toSend_I, double delay, unsigned expectedSize_I,
-                           int retries) override;
-
-private:
-    std::set<uint8_t> mFailingWrites;
-};
-
 class CDelegateBench {
 public:
-    // The family's usual codes with a few values replaced or added.
     CDelegateBench(uint16_t edid_I, const std::vector<SFakeCode>& changes_I = {},
                    bool builtIn_I = false);
 
     // Reads every offered code once, as the dialogs do before they write.
-    void ReadAll();
+    void ReadAll() { Read(false); }
     // Puts the scaler back in its first state and reads every code afresh; the delegate keeps
     // its own state, such as its colour setting.
-    void ResetScaler();
+    void ResetScaler() { Read(true); }
+    // The Set VCP Feature requests in the order they reached the wire.
     Writes SentWrites() const;
     size_t Traffic() const { return mFake->Sent().size(); }
     void ClearTraffic() { mFake->ClearSent(); }
-    uint16_t Value(uint8_t code_I) const;
 
     CScopedVirtualClock mClock;
-    std::shared_ptr<CDelegateConnector> mFake;
+    std::shared_ptr<CFakeConnector> mFake;
     std::shared_ptr<UiDisplayDelegate> mDelegate;
     bool mInitialized = false;
 
 private:
+    void Read(bool refresh_I);
+
     std::vector<SFakeCode> mCodes;
 };

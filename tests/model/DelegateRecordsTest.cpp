@@ -4,97 +4,37 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
-#include <string>
+#include <vector>
 
 namespace {
 
-TEST(SCustomColorTest, FromRGBDerivesCMYKFromTheLargestComponent) {
+// Both ways between RGB and CMYK; black comes from the largest component.
+TEST(SCustomColorTest, RGBAndCMYKConvertBothWays) {
     struct SCase {
-        uint8_t r, g, b;
+        int r, g, b;
         double c, m, y, k;
     };
     const SCase cases[] = {
         {0, 0, 0, 0.0, 0.0, 0.0, 1.0},
-        {255, 255, 255, 0.0, 0.0, 0.0, 0.0},
         {255, 0, 0, 0.0, 1.0, 1.0, 0.0},
-        {100, 50, 25, 0.0, 0.5, 0.75, 1.0 - 100.0 / 255.0},
-        {10, 20, 40, 0.75, 0.5, 0.0, 1.0 - 40.0 / 255.0},
+        {102, 51, 0, 0.0, 0.5, 1.0, 0.6},
+        {51, 102, 204, 0.75, 0.5, 0.0, 0.2},
     };
     for (const SCase& c : cases) {
-        SCOPED_TRACE(std::to_string(c.r) + "," + std::to_string(c.g) + "," + std::to_string(c.b));
-        const SCustomColor color = SCustomColor::FromRGB(c.r, c.g, c.b);
-        EXPECT_TRUE(color.valid);
-        EXPECT_EQ(color.Red(), c.r);
-        EXPECT_EQ(color.Green(), c.g);
-        EXPECT_EQ(color.Blue(), c.b);
-        EXPECT_DOUBLE_EQ(color.cyan, c.c);
-        EXPECT_DOUBLE_EQ(color.magenta, c.m);
-        EXPECT_DOUBLE_EQ(color.yellow, c.y);
-        EXPECT_DOUBLE_EQ(color.black, c.k);
+        SCOPED_TRACE(testing::Message() << c.r << "," << c.g << "," << c.b);
+        const SCustomColor rgb = SCustomColor::FromRGB(c.r, c.g, c.b);
+        EXPECT_NEAR(rgb.cyan, c.c, 1e-9);
+        EXPECT_NEAR(rgb.magenta, c.m, 1e-9);
+        EXPECT_NEAR(rgb.yellow, c.y, 1e-9);
+        EXPECT_NEAR(rgb.black, c.k, 1e-9);
+        const SCustomColor cmyk = SCustomColor::FromCMYK(c.c, c.m, c.y, c.k);
+        EXPECT_EQ((std::vector<int>{cmyk.Red(), cmyk.Green(), cmyk.Blue()}),
+                  (std::vector<int>{c.r, c.g, c.b}));
     }
-}
-
-TEST(SCustomColorTest, FromCMYKRoundsAndKeepsComponentsInRange) {
-    struct SCase {
-        double c, m, y, k;
-        int r, g, b;
-    };
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const SCase cases[] = {
-        {0.0, 0.0, 0.0, 0.0, 255, 255, 255},
-        {0.0, 0.0, 0.0, 1.0, 0, 0, 0},
-        // 0.5 x 255 = 127.5 rounds up; 0.25 of 127.5 = 31.875 rounds to 32.
-        {0.5, 0.0, 0.75, 0.5, 64, 128, 32},
-        {0.0, 0.5, 1.0, 0.0, 255, 128, 0},
-        // A user's entry outside 0 to 1 must not wrap a component.
-        {-1.0, 2.0, nan, -0.5, 255, 0, 255},
-    };
-    for (const SCase& c : cases) {
-        SCOPED_TRACE(std::to_string(c.c) + "," + std::to_string(c.m) + "," + std::to_string(c.y) +
-                     "," + std::to_string(c.k));
-        const SCustomColor color = SCustomColor::FromCMYK(c.c, c.m, c.y, c.k);
-        EXPECT_TRUE(color.valid);
-        EXPECT_EQ(color.Red(), c.r);
-        EXPECT_EQ(color.Green(), c.g);
-        EXPECT_EQ(color.Blue(), c.b);
-    }
-    const SCustomColor stored = SCustomColor::FromCMYK(0.1, 0.2, 0.3, 0.4);
-    EXPECT_DOUBLE_EQ(stored.cyan, 0.1);
-    EXPECT_DOUBLE_EQ(stored.black, 0.4);
-}
-
-TEST(SCustomColorTest, DefaultRecordIsAnInvalidBlack) {
-    const SCustomColor color;
-    EXPECT_FALSE(color.valid);
-    EXPECT_EQ(color.Red() + color.Green() + color.Blue(), 0);
-    EXPECT_DOUBLE_EQ(color.black, 1.0);
-}
-
-TEST(EColorModTest, SlotsHaveTheirCodeTriplesAndTexts) {
-    struct SCase {
-        int slot;
-        int red, green, blue;
-        std::string text;
-    };
-    const SCase cases[] = {
-        {0, 0x9B, 0x9D, 0x9F, "Hue"},
-        {1, 0x59, 0x5B, 0x5D, "Saturation"},
-        {2, 0x16, 0x18, 0x1A, "Gain"},
-        {3, 0xE4, 0xE5, 0xE6, "Offset"},
-    };
-    for (const SCase& c : cases) {
-        const SColorModCodes* codes = FindColorModCodes(static_cast<EColorMod>(c.slot));
-        ASSERT_NE(codes, nullptr) << c.text;
-        EXPECT_EQ(codes->red, c.red) << c.text;
-        EXPECT_EQ(codes->green, c.green) << c.text;
-        EXPECT_EQ(codes->blue, c.blue) << c.text;
-        EXPECT_EQ(ColorModText(static_cast<EColorMod>(c.slot)), c.text);
-    }
-    for (int slot : {-1, 4, 100}) {
-        EXPECT_EQ(FindColorModCodes(static_cast<EColorMod>(slot)), nullptr) << slot;
-        EXPECT_STREQ(ColorModText(static_cast<EColorMod>(slot)), "Unknown") << slot;
-    }
+    // 0.5 x 255 = 127.5 rounds up, and an entry outside 0 to 1 must not wrap a component.
+    const SCustomColor rounded = SCustomColor::FromCMYK(0.5, 2.0, std::nan(""), -0.5);
+    EXPECT_EQ((std::vector<int>{rounded.Red(), rounded.Green(), rounded.Blue()}),
+              (std::vector<int>{128, 0, 255}));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 // A display session on the shared fake connector under a virtual clock.
 
 #include "ddc/Frames.h"
-#include "foundation/Trace.h"
 #include "foundation/VirtualClock.h"
 #include "model/CDisplay.h"
 #include "support/CFakeConnector.h"
@@ -10,15 +9,23 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 
-// EDID numbers of models with and without model-specific behaviour.
-constexpr uint16_t kBirch = 0x1044;
-constexpr uint16_t kCedarSmall = 0x1052;
-constexpr uint16_t kCedarSmallTwo = 0x1066;
-constexpr uint16_t kElmSmall = 0x1054;
-constexpr uint16_t kElmLarge = 0x1060;
-constexpr uint16_t kElmHuge = 0x1057;
+// EDID numbers of one model of each family.
+namespace Edid {
+constexpr uint16_t Alder = 0x1040;
+constexpr uint16_t Aspen = 0x1041;
+constexpr uint16_t Birch = 0x1044;
+constexpr uint16_t ElmSmall = 0x1054;
+constexpr uint16_t ElmLarge = 0x1060;
+constexpr uint16_t ElmHuge = 0x1057;
+constexpr uint16_t FirSmall = 0x1064;
+constexpr uint16_t FirSmallTwo = 0x1071;
+constexpr uint16_t Hazel = 0x1070;
+constexpr uint16_t CedarSmall = 0x1052;
+constexpr uint16_t CedarSmallTwo = 0x1066;
+// In no table of the delegate.
+constexpr uint16_t Unknown = 0x1234;
+} // namespace Edid
 
 // The capability string of a display that offers a little of everything.
 inline const char kTestCaps[] =
@@ -35,7 +42,7 @@ inline ByteVector FeatureReply(uint8_t code_I, uint8_t type_I, uint16_t maximum_
 
 class CDisplaySession {
 public:
-    explicit CDisplaySession(uint16_t edid_I = kBirch, const char* caps_I = kTestCaps)
+    explicit CDisplaySession(uint16_t edid_I = Edid::Birch, const char* caps_I = kTestCaps)
         : mFake(std::make_shared<CFakeConnector>()), mDisplay(mFake, edid_I) {
         mFake->SetCapabilities(caps_I);
         mInitialized = mDisplay.Initialize("");
@@ -46,27 +53,4 @@ public:
     std::shared_ptr<CFakeConnector> mFake;
     CDisplay mDisplay;
     bool mInitialized = false;
-};
-
-// Trace lines of one call, with the verbose lines switched on.
-class CTraceCapture {
-public:
-    CTraceCapture() : mWasEnabled(gTraceEnabled) {
-        gTraceEnabled = true;
-        testing::internal::CaptureStderr();
-    }
-    ~CTraceCapture() {
-        if (!mTaken) {
-            testing::internal::GetCapturedStderr();
-        }
-        gTraceEnabled = mWasEnabled;
-    }
-    std::string Take() {
-        mTaken = true;
-        return testing::internal::GetCapturedStderr();
-    }
-
-private:
-    bool mWasEnabled;
-    bool mTaken = false;
 };

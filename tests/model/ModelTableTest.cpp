@@ -32,20 +32,4 @@ TEST(ModelTable, TheSimulatorSimulatesExactlyTheTablesModels) {
     }
 }
 
-// The connector tests follow the models' ways through the simulator; these are the tablets it
-// has no display for.
-TEST(ModelTable, FtdiEdidWaysOfTabletsWithoutAModelRow) {
-    const std::pair<uint32_t, EFtdiEdid> ways[] = {
-        {kNoTabletId, EFtdiEdid::eIndexed},
-        {TabletId::kVendor | 0x0355, EFtdiEdid::eIndexedWarnsEmpty},
-        {TabletId::kVendor | 0x034A, EFtdiEdid::eIndexed},
-        {TabletId::kVendor | 0x9999, EFtdiEdid::eFragments},
-        // A model's product id under another vendor.
-        {0x12340390u, EFtdiEdid::eFragments},
-    };
-    for (const auto& [tabletId, way] : ways) {
-        EXPECT_EQ(FtdiEdidOfTablet(tabletId), way) << std::hex << tabletId;
-    }
-}
-
 } // namespace

@@ -1,5 +1,4 @@
 #include "resources/generator/ResourceDataFile.h"
-#include "resources/generator/ResourceEncoder.h"
 
 #include <gtest/gtest.h>
 
@@ -26,36 +25,15 @@ TEST(ResourceDataFile, RejectsBadLinesWithTheirNumber) {
     const auto group = EDataFileKind::Group;
     const std::vector<std::tuple<const char*, EDataFileKind, const char*>> cases = {
         {"2001 Display:\n", strings, "line 1: no tab between key and text"},
-        {"#\nx2001\tA\n", strings, "line 2: bad key 'x2001'"},
         {"65536\tA\n", strings, "line 1: bad key '65536'"},
         {"2001\tA\n2001\tB\n", strings, "line 2: id 2001 stands twice"},
         {"2001\ta\\qb\n", strings, "line 1: unknown escape; use \\n, \\t or \\\\"},
-        {"2001\tab\\\n", strings, "line 1: unknown escape; use \\n, \\t or \\\\"},
         {"2001\t\xED\xA0\x80\n", strings, "line 1: text is not UTF-8"},
         {"0xFFFF\tEnd\n", group, "line 1: bad key '0xFFFF'"},
-        {"304\tPanel\n", group, "line 1: bad key '304'"},
     };
     for (const auto& [content, kind, error] : cases) {
         const SDataFile file = ParseDataFile(content, kind);
         EXPECT_EQ(file.error, error) << content;
         EXPECT_TRUE(file.rows.empty()) << content;
     }
-}
-
-TEST(ResourceEncoder, BuildsCodedStringsBlocksAndGroups) {
-    EXPECT_EQ(EncodeCodedString(""), u"\u0298");
-    EXPECT_EQ(EncodeCodedString("A"), u"\u0298QQ==");
-    EXPECT_EQ(EncodeCodedString("AB"), u"\u0298QUI=");
-    EXPECT_EQ(EncodeCodedString("ABC"), u"\u0298QUJD");
-
-    // 2001 is entry 1 of block 126; the length counts the terminating zero.
-    const auto blocks = BuildStringBlocks({{2001, "B", 1}});
-    std::vector<uint16_t> expected = {0, 6, 0x298, 'Q', 'g', '=', '=', 0};
-    expected.resize(expected.size() + 14, 0);
-    ASSERT_EQ(blocks.size(), 1U);
-    EXPECT_EQ(blocks.at(126), expected);
-
-    EXPECT_EQ(BuildGroup({{0x032B, "A", 1}}),
-              (std::vector<uint8_t>{0x2B, 0x03, 0x98, 0x02, 'Q', 0, 'Q', 0, '=', 0, '=', 0, 0, 0,
-                                    0xFF, 0xFF}));
 }

@@ -45,60 +45,15 @@ TEST_F(TiBridge, WholeMessagesCrossTheBusAsTransfers) {
     EXPECT_TRUE(mOther.events.empty());
 }
 
-TEST_F(TiBridge, CallsGoToTheBridgeOpenedLast) {
-    ASSERT_NE(mBridge.OpenDevice(0), 0u);
-    ASSERT_NE(mBridge.OpenDevice(1), 0u);
-    EXPECT_EQ(WriteLuminanceRequest(), 1);
-    EXPECT_TRUE(mTarget.events.empty());
-    EXPECT_EQ(mOther.events.size(), 7u);
-}
-
 TEST_F(TiBridge, FailuresAreZero) {
     uint8_t buffer[2] = {};
     EXPECT_EQ(mBridge.OpenDevice(2), 0u);
-    EXPECT_EQ(mBridge.OpenDevice(-1), 0u);
     EXPECT_EQ(WriteLuminanceRequest(), 0) << "no bridge open";
-    EXPECT_EQ(mBridge.CloseDevice(), 0);
-
     ASSERT_NE(mBridge.OpenDevice(0), 0u);
     mTarget.addresses = {};
     EXPECT_EQ(WriteLuminanceRequest(), 0);
     EXPECT_EQ(mBridge.ReadI2C(0x37, buffer, sizeof buffer), 0);
     EXPECT_THAT(mTarget.events, ElementsAre("A6E-", "P", "A6F-", "P"));
-
-    mBridge.SetPresent(0, false);
-    EXPECT_EQ(mBridge.AvailableDevices(), 1);
-    EXPECT_EQ(mBridge.ReadI2C(0x37, buffer, sizeof buffer), 0);
-    EXPECT_EQ(mBridge.CloseDevice(), 1);
-    EXPECT_EQ(mBridge.CloseDevice(), 0);
-}
-
-TEST_F(TiBridge, InjectedNackLosesTheWriteAndSparesTheTarget) {
-    struct SCase {
-        unsigned position;
-        unsigned times;
-        std::vector<int> results; // of three writes in a row
-        size_t eventsSeen;        // by the target behind the fault
-    };
-    const SCase cases[] = {
-        {0, 1, {0, 1, 1}, 1 + 7 + 7},
-        {3, 2, {0, 0, 1}, 4 + 4 + 7},
-        {5, CSimI2CFaultTarget::kAlways, {0, 0, 0}, 3 * 6},
-        {6, CSimI2CFaultTarget::kAlways, {1, 1, 1}, 3 * 7}, // beyond the message: never met
-    };
-    for (const SCase& c : cases) {
-        mTarget.events.clear();
-        mFaulty.NackByte(c.position, c.times);
-        ASSERT_NE(mBridge.OpenDevice(0), 0u);
-        std::vector<int> results;
-        for (int i = 0; i < 3; ++i) {
-            results.push_back(WriteLuminanceRequest());
-        }
-        EXPECT_EQ(results, c.results) << c.position;
-        // The refused byte and what would follow never reach the target; the STOP does.
-        EXPECT_EQ(mTarget.events.size(), c.eventsSeen) << c.position;
-        mFaulty.Clear();
-    }
 }
 
 } // namespace

@@ -1,131 +1,11 @@
 #include "SimHost.h"
 
 #include "sim/CSimDisplay.h"
-#include "sim/SimDescription.h"
 #include "sim/SimModelTable.h"
-
-#include "foundation/VirtualClock.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
-
-namespace {
-
-const Bytes kBrightness = {0x6E, 0x88, 0x02, 0x00, 0x10, 0x00, 0x00, 0x64, 0x00, 0x32, 0xF2};
-
-CSimDisplay MakeAlder() {
-    return CSimDisplay(*FindSimModel("Alder"), "SN00000000001", 0);
-}
-
-} // namespace
-
-TEST(SimDisplay, InjectedReplyFaultsChangeTheReplyAsTheirNameSays) {
-    Bytes badCheck = kBrightness;
-    badCheck.back() = static_cast<uint8_t>(~badCheck.back());
-    Bytes otherCode = kBrightness;
-    otherCode[4] = 0x11;
-    otherCode.back() = XorAll(Bytes(otherCode.begin(), otherCode.end() - 1), 0x50);
-    const struct {
-        SSimFault fault;
-        Bytes reply;
-    } cases[] = {
-        {{ESimFault::eBadChecksum}, badCheck},
-        {{ESimFault::eNullMessage}, kNullMessage},
-        {{ESimFault::eShortReply, 4}, Bytes(kBrightness.begin(), kBrightness.begin() + 4)},
-        {{ESimFault::eOtherCode}, otherCode},
-        {{ESimFault::eSilence}, {}},
-    };
-    for (const auto& c : cases) {
-        CSimDisplay display = MakeAlder();
-        display.Faults().Arm(c.fault);
-        EXPECT_EQ(display.Transact(GetVcp(0x10)), c.reply) << int(c.fault.kind);
-        EXPECT_EQ(display.Transact(GetVcp(0x10)), kBrightness) << "a fault strikes once";
-    }
-    // The reply to a write stays the null message whatever a data fault says.
-    CSimDisplay display = MakeAlder();
-    display.Faults().Arm({ESimFault::eNullMessage, 0, 0, -1});
-    display.Faults().Arm({ESimFault::eOtherCode, 0, 0, -1});
-    EXPECT_EQ(display.Transact(SetVcp(0x10, 3)), kNullMessage);
-    EXPECT_EQ(display.Scaler().Current(0x10), 3);
-}
-
-TEST(SimDisplay, FaultsWaitTheirTurnAndStrikeTheirCount) {
-    CSimDisplay display = MakeAlder();
-    display.Faults().Arm({ESimFault::eNullMessage, 0, 2, 2});
-    std::vector<bool> struck;
-    for (int i = 0; i < 6; ++i) {
-        struck.push_back(display.Transact(GetVcp(0x10)) == kNullMessage);
-    }
-    EXPECT_EQ(struck, (std::vector<bool>{false, false, true, true, false, false}));
-    EXPECT_FALSE(display.Faults().Armed(ESimFault::eNullMessage));
-
-    display.Faults().Arm({ESimFault::eSilence, 0, 0, -1});
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_TRUE(display.Transact(GetVcp(0x10)).empty());
-    }
-    display.Faults().Clear();
-    EXPECT_EQ(display.Transact(GetVcp(0x10)), kBrightness);
-}
-
-TEST(SimDisplay, StatusPollsSeeBusyAndLateScalers) {
-    CScopedVirtualClock clock;
-    CSimDisplay display = MakeAlder();
-    display.Faults().Arm({ESimFault::eNotReady, 0, 0, 2});
-    EXPECT_TRUE(display.PollNotReady());
-    EXPECT_TRUE(display.PollNotReady());
-    EXPECT_FALSE(display.PollNotReady());
-
-    display.Faults().Arm({ESimFault::eLate, 250});
-    EXPECT_EQ(display.Transact(GetVcp(0x10)), kBrightness);
-    clock->Advance(100);
-    EXPECT_TRUE(display.PollNotReady());
-    SleepMs(150);
-    EXPECT_FALSE(display.PollNotReady());
-}
-
-TEST(SimDisplay, UnpluggedDisplayIsSilentUntilPluggedInAgain) {
-    CSimDisplay display = MakeAlder();
-    display.Transact(SetVcp(0x12, 10));
-    display.Transact(Request({0x0C}));
-    display.Transact(SetVcp(0x12, 20));
-    display.Unplug();
-    EXPECT_TRUE(display.Transact(GetVcp(0x12)).empty());
-    display.Replug();
-    EXPECT_EQ(ParseVcpReply(display.Transact(GetVcp(0x12)), 0x12).value, 10);
-}
-
-TEST(SimDisplay, KnowsItsIdentityAndChannels) {
-    const SSimModel& elm = *FindSimModel("ElmLarge");
-    CSimDisplay display(elm, "SN00000000001", DefaultSimChannels(elm), 0x1063);
-    EXPECT_EQ(display.TabletId(), 0x0F5E037Cu);
-    EXPECT_EQ(display.EdidNumber(), 0x1063);
-    EXPECT_EQ(display.Edid()[10], 0x63);
-    EXPECT_TRUE(display.AnswersOn(ESimChannel::eFtdi));
-    EXPECT_TRUE(display.AnswersOn(ESimChannel::eVideo));
-    EXPECT_FALSE(display.AnswersOn(ESimChannel::eHid));
-    display.SetChannels(SimChannelBit(ESimChannel::eHid));
-    EXPECT_TRUE(display.AnswersOn(ESimChannel::eHid));
-    EXPECT_FALSE(display.AnswersOn(ESimChannel::eVideo));
-
-    const struct {
-        std::string_view model;
-        SimChannelSet channels;
-    } defaults[] = {
-        {"Alder", SimChannelBit(ESimChannel::eSerial)},
-        {"CedarSmall", SimChannelBit(ESimChannel::eTi)},
-        {"CedarLargeTwo", SimChannelBit(ESimChannel::eFtdi)},
-        {"Hazel", static_cast<SimChannelSet>(SimChannelBit(ESimChannel::eFtdi) |
-                                             SimChannelBit(ESimChannel::eHid) |
-                                             SimChannelBit(ESimChannel::eVideo))},
-        {"FirLarge", SimChannelBit(ESimChannel::eVideo)},
-    };
-    for (const auto& d : defaults) {
-        EXPECT_EQ(DefaultSimChannels(*FindSimModel(d.model)), d.channels) << d.model;
-    }
-    EXPECT_EQ(FindSimModelByEdid(0x1048), FindSimModel("BirchTouch"));
-    EXPECT_EQ(FindSimModelByEdid(0x1099), nullptr);
-}
 
 TEST(SimDisplay, AnyBytesGetAWellFormedReplyOrSilence) {
     std::mt19937 random(7);
@@ -153,5 +33,4 @@ TEST(SimDisplay, AnyBytesGetAWellFormedReplyOrSilence) {
             EXPECT_EQ(XorAll(reply, 0x50), 0);
         }
     }
-    EXPECT_TRUE(ParseSimDescription("\x01@\xFF:=,::@+").error.size() > 0);
 }

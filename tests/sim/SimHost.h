@@ -36,20 +36,6 @@ inline Bytes SetVcp(uint8_t code_I, uint16_t value_I) {
 
 inline const Bytes kNullMessage = {0x6E, 0x80, 0xBE};
 
-// Value and maximum of a VCP Feature Reply, or -1 when the reply is no good answer for code_I.
-struct SVcpAnswer {
-    int result = -1;
-    int maximum = -1;
-    int value = -1;
-};
-inline SVcpAnswer ParseVcpReply(const Bytes& reply_I, uint8_t code_I) {
-    if (reply_I.size() != 11 || reply_I[0] != 0x6E || reply_I[1] != 0x88 || reply_I[2] != 0x02 ||
-        reply_I[4] != code_I || XorAll(reply_I, 0x50) != 0) {
-        return {};
-    }
-    return {reply_I[3], reply_I[6] << 8 | reply_I[7], reply_I[8] << 8 | reply_I[9]};
-}
-
 // The fragment loop of a host: request offset after offset until a fragment brings no data.
 // prefix_I is F3 for the standard read, E2 F3 or E2 C3 for the table-read forms.
 inline Bytes ReadFragments(ISimFrameTarget& target_I, const Bytes& prefix_I) {
