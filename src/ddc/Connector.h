@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 // The display's 32-bit identifier (USB vendor id high, product id low) when none is known.
 constexpr uint32_t kNoTabletId = 0xFFFFFFFFu;
@@ -47,6 +48,11 @@ public:
     virtual std::string SerialNumber(uint32_t sid_I);
     virtual FileVersion FWVersion() = 0;
     virtual ByteVector ReadEDID(uint32_t sid_I) = 0;
+
+    // The EDID read so far. One known from an earlier run may be handed in: the name and the
+    // serial number then need no exchange.
+    const ByteVector& KnownEDID() const { return mEDID; }
+    void TakeKnownEDID(ByteVector edid_I) { mEDID = std::move(edid_I); }
 
     // Save Current Settings; true when the scaler acknowledged it.
     bool SaveSettingsToScalar();

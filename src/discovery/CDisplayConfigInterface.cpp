@@ -186,6 +186,7 @@ void CDisplayConfigInterface::ConnectOverLegacy(SDisplayInfo& info_IO, bool verb
         Trace("CWinDisplayConfigInterface::Init: - trolling for serial numbers...\n");
     }
     for (const std::shared_ptr<Connector>& connector : mConnectorList) {
+        TakeKeptEdid(info_IO, *connector);
         const std::string serial = ChannelSerialNumber(*connector);
         if (verbose_I) {
             Trace("CWinDisplayConfigInterface::Init conn->S/N %s\n",
@@ -236,6 +237,7 @@ std::string CDisplayConfigInterface::ExitOnErrorText(const SDisplayInfo& info_I,
 void CDisplayConfigInterface::Rediscover() {
     mCurrentDisplayInfo = &mEmptyDisplayInfo;
     mConnectorList.clear();
+    mConfirmedFacts.reset();
     mDisplayInfos.clear();
     Init();
 }

@@ -84,8 +84,14 @@ private:
     // them; none with a refresh or when they do not hold.
     std::optional<SDisplayFacts> TrustedFacts(const SDisplayFacts& identity_I,
                                               Connector& connector_I);
+    // The kept facts of the identity, unchecked.
+    std::optional<SDisplayFacts> KeptFacts(const SDisplayFacts& identity_I);
+    // Hands a lone FTDI bridge the record's kept EDID once its firmware read confirms the
+    // record's kept facts, so that pairing needs no EDID read over the bridge.
+    void TakeKeptEdid(const SDisplayInfo& info_I, Connector& connector_I);
     // Stores what the display said on a full start under its identity.
-    void KeepFacts(const UiDisplayDelegate& display_I, const SDisplayFacts& identity_I);
+    void KeepFacts(const UiDisplayDelegate& display_I, const Connector& channel_I,
+                   const SDisplayFacts& identity_I);
 
     LanguageProvider mLanguage;
     bool mSkipSerialMatch;
@@ -94,6 +100,8 @@ private:
     bool mSetOsdLanguage;
     std::shared_ptr<IDisplayFactsStore> mFactsStore;
     bool mRefreshFacts;
+    // Facts confirmed on a channel while pairing, so that its start need not read them again.
+    std::optional<std::pair<const Connector*, SDisplayFacts>> mConfirmedFacts;
     std::shared_ptr<IDisplayPlatform> mPlatform;
     std::vector<std::shared_ptr<Connector>> mConnectorList;
     std::vector<SDisplayInfo> mDisplayInfos;

@@ -88,7 +88,7 @@ CDisplayConfigInterface::CreateDisplay(uint16_t edidNumber_I, const std::wstring
         return {};
     }
     if (keepsFacts && !fromFacts) {
-        KeepFacts(*display, identity);
+        KeepFacts(*display, *connector_I, identity);
     }
     display->SetModelNumber(ToNarrow(modelNumber_I));
     if (mSetOsdLanguage && (display->IsBirchFamily() || display->IsElmFamily())) {
@@ -102,25 +102,59 @@ std::optional<SDisplayFacts> CDisplayConfigInterface::TrustedFacts(const SDispla
     if (mRefreshFacts) {
         return std::nullopt;
     }
-    const std::string name = DisplayFactsName(identity_I);
-    const std::optional<std::string> text = mFactsStore->Load(name);
-    const std::optional<SDisplayFacts> kept = text ? ParseDisplayFacts(*text) : std::nullopt;
+    if (mConfirmedFacts && mConfirmedFacts->first == &connector_I &&
+        mConfirmedFacts->second.SameDisplay(identity_I)) {
+        return mConfirmedFacts->second;
+    }
+    const std::optional<SDisplayFacts> kept = KeptFacts(identity_I);
     // The one exchange a start spends to trust them: other firmware may announce otherwise.
-    if (kept && kept->SameDisplay(identity_I) && connector_I.FWVersion() == kept->firmware) {
+    if (kept && connector_I.FWVersion() == kept->firmware) {
         return kept;
     }
     if (gTraceEnabled) {
-        Trace("CreateDisplay: no kept facts hold for %s\n", name.c_str());
+        Trace("CreateDisplay: no kept facts hold for %s\n", DisplayFactsName(identity_I).c_str());
     }
     return std::nullopt;
 }
 
+std::optional<SDisplayFacts> CDisplayConfigInterface::KeptFacts(const SDisplayFacts& identity_I) {
+    const std::optional<std::string> text = mFactsStore->Load(DisplayFactsName(identity_I));
+    std::optional<SDisplayFacts> kept = text ? ParseDisplayFacts(*text) : std::nullopt;
+    return kept && kept->SameDisplay(identity_I) ? kept : std::nullopt;
+}
+
+void CDisplayConfigInterface::TakeKeptEdid(const SDisplayInfo& info_I, Connector& connector_I) {
+    // With two bridges a display of the same model and firmware could pass for the other.
+    const auto bridges =
+        std::count_if(mConnectorList.begin(), mConnectorList.end(), [](const auto& channel) {
+            return channel->ConnectorType() == eConnectorType_FTDI;
+        });
+    if (mFactsStore == nullptr || mRefreshFacts || bridges != 1 ||
+        connector_I.ConnectorType() != eConnectorType_FTDI || !connector_I.KnownEDID().empty()) {
+        return;
+    }
+    SDisplayFacts identity;
+    identity.channel = eConnectorType_FTDI;
+    identity.serialNumber = ToNarrow(info_I.serialNumber);
+    identity.edidNumber = info_I.edidNumber;
+    const std::optional<SDisplayFacts> kept = KeptFacts(identity);
+    if (kept && !kept->channelEdid.empty() && connector_I.FWVersion() == kept->firmware) {
+        connector_I.TakeKnownEDID(kept->channelEdid);
+        mConfirmedFacts.emplace(&connector_I, *kept);
+    }
+}
+
 void CDisplayConfigInterface::KeepFacts(const UiDisplayDelegate& display_I,
+                                        const Connector& channel_I,
                                         const SDisplayFacts& identity_I) {
     SDisplayFacts facts = identity_I;
     facts.firmware = display_I.GetFWVersion();
     facts.monitorName = display_I.GetMonitorName();
     facts.capabilities = display_I.GetCapabilitiesString();
+    // Only the FTDI bridge reads its serial number from an EDID that costs seconds to read.
+    if (identity_I.channel == eConnectorType_FTDI) {
+        facts.channelEdid = channel_I.KnownEDID();
+    }
     mFactsStore->Save(DisplayFactsName(facts), FormatDisplayFacts(facts));
 }
 

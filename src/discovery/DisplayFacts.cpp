@@ -6,11 +6,11 @@
 
 namespace {
 
-constexpr std::string_view kVersionLine = "paneltune display facts 1";
+constexpr std::string_view kVersionLine = "paneltune display facts 2";
 
 // The keys in their fixed order; a text with another order or a missing key is refused.
-constexpr std::array<std::string_view, 6> kKeys = {"channel",  "serial", "edid",
-                                                   "firmware", "name",   "capabilities"};
+constexpr std::array<std::string_view, 7> kKeys = {
+    "channel", "serial", "edid", "firmware", "name", "capabilities", "channel-edid"};
 
 // Device text may hold any byte: everything outside printable ASCII, and '%', is written %XX.
 std::string Escaped(const std::string& text_I) {
@@ -72,17 +72,43 @@ bool ParseFirmware(std::string_view text_I, FileVersion& version_O) {
     return true;
 }
 
+std::string HexText(const std::vector<uint8_t>& bytes_I) {
+    std::string out;
+    for (const uint8_t byte : bytes_I) {
+        char hex[4];
+        std::snprintf(hex, sizeof hex, "%02X", byte);
+        out += hex;
+    }
+    return out;
+}
+
+bool ParseHex(std::string_view text_I, std::vector<uint8_t>& bytes_O) {
+    bytes_O.clear();
+    if (text_I.size() % 2 != 0) {
+        return false;
+    }
+    for (size_t at = 0; at < text_I.size(); at += 2) {
+        uint8_t byte = 0;
+        if (!Number(text_I.substr(at, 2), byte, 16)) {
+            return false;
+        }
+        bytes_O.push_back(byte);
+    }
+    return true;
+}
+
 } // namespace
 
 std::string FormatDisplayFacts(const SDisplayFacts& facts_I) {
     char edid[8];
     std::snprintf(edid, sizeof edid, "%04X", facts_I.edidNumber);
-    const std::array<std::string, 6> values = {std::to_string(facts_I.channel),
-                                               Escaped(facts_I.serialNumber),
-                                               edid,
-                                               FirmwareText(facts_I.firmware),
-                                               Escaped(facts_I.monitorName),
-                                               Escaped(facts_I.capabilities)};
+    const std::array<std::string, kKeys.size()> values = {std::to_string(facts_I.channel),
+                                                          Escaped(facts_I.serialNumber),
+                                                          edid,
+                                                          FirmwareText(facts_I.firmware),
+                                                          Escaped(facts_I.monitorName),
+                                                          Escaped(facts_I.capabilities),
+                                                          HexText(facts_I.channelEdid)};
     std::string text(kVersionLine);
     text += '\n';
     for (size_t index = 0; index < kKeys.size(); ++index) {
@@ -117,7 +143,8 @@ std::optional<SDisplayFacts> ParseDisplayFacts(std::string_view text_I) {
     if (!Number(values[0], facts.channel) || !Unescaped(values[1], facts.serialNumber) ||
         values[2].size() != 4 || !Number(values[2], facts.edidNumber, 16) ||
         !ParseFirmware(values[3], facts.firmware) || !Unescaped(values[4], facts.monitorName) ||
-        !Unescaped(values[5], facts.capabilities) || facts.capabilities.empty()) {
+        !Unescaped(values[5], facts.capabilities) || facts.capabilities.empty() ||
+        !ParseHex(values[6], facts.channelEdid)) {
         return std::nullopt;
     }
     return facts;

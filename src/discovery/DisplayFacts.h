@@ -1,8 +1,9 @@
 #pragma once
 // What a display says the same way on every start: its capability string, name and firmware
-// version. Kept between runs, they spare a start the long capability read; one firmware read
-// tells whether they still hold. The text form is small and readable, with a version line, and
-// a text that is not exactly that form is refused as a whole.
+// version, and the EDID where only the channel gives it. Kept between runs, they spare a start
+// the long capability read; one firmware read tells whether they still hold. The text form is small
+// and readable, with a version line, and a text that is not exactly that form is refused as a
+// whole.
 
 #include "foundation/FileVersion.h"
 
@@ -10,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct SDisplayFacts {
     // Identity: the connector type, the serial number and the EDID number.
@@ -20,6 +22,9 @@ struct SDisplayFacts {
     FileVersion firmware;
     std::string monitorName;
     std::string capabilities;
+    // The EDID as the channel read it, kept for a bridge whose serial number comes from it;
+    // empty for the channels that learn the serial number otherwise.
+    std::vector<uint8_t> channelEdid;
 
     bool SameDisplay(const SDisplayFacts& other_I) const {
         return channel == other_I.channel && serialNumber == other_I.serialNumber &&

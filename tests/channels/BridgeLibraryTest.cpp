@@ -59,11 +59,4 @@ TEST(BridgeLibrary, MissingFunctionFailsItsCallWithError120) {
     EXPECT_EQ(ti->WriteI2C(0x37, nullptr, 0), 0);
 }
 
-TEST(BridgeLibrary, ProcessWideObjectsStandForTheLibrariesOfThisPlatform) {
-    EXPECT_EQ(CFTDIExAPI32::Instance(), CFTDIExAPI32::Instance());
-    EXPECT_EQ(CTIExAPI32::Instance(), CTIExAPI32::Instance());
-    EXPECT_EQ(CFTDIExAPI32::Instance()->FileName(), L"libftd2xx.so");
-    EXPECT_EQ(CTIExAPI32::Instance()->FileName(), L"libTUSB3x10_I2C_API.so");
-}
-
 } // namespace

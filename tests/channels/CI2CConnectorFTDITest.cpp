@@ -4,7 +4,6 @@
 
 #include "channels/CI2CConnectorFTDI.h"
 #include "ddc/Frames.h"
-#include "foundation/TraceCapture.h"
 #include "foundation/VirtualClock.h"
 #include "sim/CSimFaults.h"
 #include "sim/SimModelTable.h"
@@ -31,87 +30,6 @@ int RequestRounds(const CChannelRig& rig_I, const ByteVector& frame_I) {
     }));
 }
 
-// A USB link to the chip that can lose the host's writes, and answers reads from a script
-// while one is set.
-class CUnreliableFtdiApi final : public CSimFtdiApi {
-public:
-    using CSimFtdiApi::CSimFtdiApi;
-    FtStatus FT_Write(FtHandle handle_I, const void* data_I, uint32_t count_I,
-                      uint32_t* written_O) override {
-        if (loseWrites) {
-            *written_O = count_I;
-            return Ft::kOk;
-        }
-        return CSimFtdiApi::FT_Write(handle_I, data_I, count_I, written_O);
-    }
-    FtStatus FT_Read(FtHandle handle_I, void* buffer_O, uint32_t count_I,
-                     uint32_t* read_O) override {
-        if (script.empty()) {
-            return CSimFtdiApi::FT_Read(handle_I, buffer_O, count_I, read_O);
-        }
-        *read_O = std::min<uint32_t>(count_I, static_cast<uint32_t>(script.size()));
-        std::copy_n(script.begin(), *read_O, static_cast<uint8_t*>(buffer_O));
-        script.clear();
-        return Ft::kOk;
-    }
-    bool loseWrites = false;
-    ByteVector script;
-};
-
-class CFtdiProbe final : public CI2CConnectorFTDI {
-public:
-    using CI2CConnectorFTDI::CI2CConnectorFTDI;
-    using CI2CConnectorFTDI::SendBadCommand;
-};
-
-struct SFtdiBench {
-    SFtdiBench()
-        : display(*FindSimModel("Birch"), "SN00000000001", SimChannelBit(ESimChannel::eFtdi)),
-          chip(display.I2C(), {"FT1", "bridge", 0x11}) {
-        library.AddChip(chip);
-        api = std::make_shared<CUnreliableFtdiApi>(library);
-        connector = std::make_unique<CFtdiProbe>(api);
-    }
-    CSimDisplay display;
-    CSimFtdiChip chip;
-    CSimFtdiLibrary library;
-    std::shared_ptr<CUnreliableFtdiApi> api;
-    std::unique_ptr<CFtdiProbe> connector;
-};
-
-TEST(FtdiConnector, BadCommandCheckIsLenient) {
-    struct SCase {
-        ByteVector answer;
-        FtStatus status;
-    };
-    const SCase cases[] = {
-        {{0xFA, 0xAA}, Ft::kOk},
-        {{0x00, 0xAA}, Ft::kOk},
-        {{0xFA, 0x00}, Ft::kOk},
-        {{0x00, 0x00}, Ft::kIoError},
-    };
-    CScopedVirtualClock clock;
-    SFtdiBench bench;
-    ASSERT_TRUE(bench.connector->Open(0L));
-    for (const SCase& c : cases) {
-        bench.api->script = c.answer;
-        EXPECT_EQ(bench.connector->SendBadCommand(true), c.status)
-            << testing::PrintToString(c.answer);
-    }
-}
-
-TEST(FtdiConnector, LostWritesCostOneReadTimeoutAndTheHandle) {
-    CScopedVirtualClock clock;
-    SFtdiBench bench;
-    ASSERT_TRUE(bench.connector->Open(0L));
-    clock->ClearSleeps();
-    bench.api->loseWrites = true;
-    EXPECT_TRUE(bench.connector->SendRequest(kGetLuminance, 0.07, 38, 1).empty());
-    EXPECT_THAT(clock->Sleeps(), ElementsAre(5000u));
-    EXPECT_FALSE(bench.connector->IsOpen());
-    EXPECT_FALSE(bench.chip.IsOpen());
-}
-
 TEST(FtdiConnector, OpenSetsTheMpsseUpForI2CAt100kHz) {
     CScopedVirtualClock clock;
     CChannelRig rig("Birch", ESimChannel::eFtdi);
@@ -120,9 +38,7 @@ TEST(FtdiConnector, OpenSetsTheMpsseUpForI2CAt100kHz) {
     EXPECT_EQ(chip.BitMode(), 0x02);
     EXPECT_EQ(chip.LatencyMs(), 8);
     EXPECT_EQ(chip.ReadTimeoutMs(), 5000u);
-    EXPECT_EQ(chip.WriteTimeoutMs(), 5000u);
     EXPECT_EQ(chip.InTransferSize(), 0x10000u);
-    EXPECT_FALSE(chip.EventCharEnabled());
     const CSimMpsseEngine& engine = chip.Engine();
     EXPECT_EQ(engine.SclHz(), 100000u);
     EXPECT_FALSE(engine.Loopback());
@@ -130,9 +46,6 @@ TEST(FtdiConnector, OpenSetsTheMpsseUpForI2CAt100kHz) {
     EXPECT_FALSE(engine.AdaptiveClocking());
     EXPECT_EQ(engine.DriveZeroLowMask(), 0x02);
     EXPECT_EQ(engine.HighValue(), 0x14);
-    EXPECT_EQ(engine.HighDirection(), 0xFF);
-    EXPECT_TRUE(engine.Scl());
-    EXPECT_TRUE(engine.Sda());
     EXPECT_EQ(engine.BadCommands(), 1u);
 }
 
@@ -156,17 +69,6 @@ TEST(FtdiConnector, ResetIsTriedTwentyOneTimesBeforeOpenGivesUp) {
             << "one 50 ms pause per failed reset, and one to settle the MPSSE";
         EXPECT_EQ(chip.IsOpen(), c.opens) << "a failed open gives the handle back";
     }
-}
-
-TEST(FtdiConnector, OpenFailsForAnIndexWithoutABridge) {
-    CScopedVirtualClock clock;
-    CSimFtdiLibrary library;
-    CI2CConnectorFTDI connector(std::make_shared<CSimFtdiApi>(library));
-    EXPECT_EQ(CI2CConnectorFTDI::NumberOfDevices(*std::make_shared<CSimFtdiApi>(library)), 0u);
-    EXPECT_FALSE(connector.Open(0L));
-    EXPECT_FALSE(connector.Open(std::string("COM3")));
-    EXPECT_FALSE(connector.IsOpen());
-    EXPECT_TRUE(connector.SendRequest(kGetLuminance, 0.07, 38, 0).empty());
 }
 
 TEST(FtdiConnector, NackCostsOneMoreRoundPerRetry) {
@@ -199,34 +101,6 @@ TEST(FtdiConnector, NackCostsOneMoreRoundPerRetry) {
         EXPECT_EQ(RequestRounds(rig, kGetLuminance), c.rounds);
         EXPECT_EQ(rig.Tap().refusedWrites, std::min(c.nacks, c.rounds));
     }
-}
-
-TEST(FtdiConnector, FirstReplyByteDecidesBetweenBusyAndAbsent) {
-    struct SCase {
-        ESimFault fault;
-        ByteVector reply;
-    };
-    const SCase cases[] = {
-        // A busy scaler reads 00: the null message behind three zeros.
-        {ESimFault::eNotReady, {0x00, 0x00, 0x00, 0x6E, 0x80, 0xBE}},
-        // Nothing pending reads FF.
-        {ESimFault::eSilence, {}},
-    };
-    for (const SCase& c : cases) {
-        CScopedVirtualClock clock;
-        CChannelRig rig("Birch", ESimChannel::eFtdi);
-        rig.Display().Faults().Arm({c.fault, 0, 0, 1});
-        EXPECT_EQ(rig.GetConnector()->SendRequest(kGetLuminance, 0.07, 38, 0), c.reply);
-        EXPECT_TRUE(rig.GetConnector()->IsOpen());
-    }
-}
-
-TEST(FtdiConnector, LostBridgeClosesTheHandleAtTheNextRequest) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Birch", ESimChannel::eFtdi);
-    rig.FtdiChip()->SetPresent(false);
-    EXPECT_TRUE(rig.GetConnector()->SendRequest(kGetLuminance, 0.07, 38, 1).empty());
-    EXPECT_FALSE(rig.GetConnector()->IsOpen());
 }
 
 TEST(FtdiConnector, EdidWayFollowsTheTabletId) {
@@ -264,15 +138,6 @@ TEST(FtdiConnector, EdidWayFollowsTheTabletId) {
     }
 }
 
-TEST(FtdiConnector, EdidFragmentsEndAtANullMessage) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Birch", ESimChannel::eFtdi);
-    rig.Display().Faults().Arm({ESimFault::eNullMessage, 0, 2, 1});
-    const ByteVector edid = rig.GetConnector()->ReadEDID(rig.Display().TabletId());
-    EXPECT_THAT(edid,
-                ElementsAreArray(rig.Display().Edid().begin(), rig.Display().Edid().begin() + 64));
-}
-
 TEST(FtdiConnector, InformationRecordStandsInForAMissingEdid) {
     CScopedVirtualClock clock;
     CChannelRig rig("FirSmall", ESimChannel::eFtdi, "sn-lower-0001");
@@ -289,23 +154,6 @@ TEST(FtdiConnector, InformationRecordStandsInForAMissingEdid) {
     EXPECT_EQ(RequestRounds(rig, BuildPrivateCapabilitiesRequest(0)), 0);
 }
 
-TEST(FtdiConnector, SerialNumberOfEdidComesInUpperCase) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Birch", ESimChannel::eFtdi, "ab12cd34ef560");
-    EXPECT_EQ(rig.GetConnector()->SerialNumber(rig.Display().TabletId()), "AB12CD34EF560");
-}
-
-TEST(FtdiConnector, MissingRecordLeavesNoSerialNumber) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("FirSmall", ESimChannel::eFtdi);
-    CTraceCapture trace;
-    rig.Display().Faults().Arm({ESimFault::eSilence, 0, 0, -1});
-    EXPECT_EQ(rig.GetConnector()->SerialNumber(rig.Display().TabletId()), "");
-    EXPECT_TRUE(trace.Contains("WARNING: NO SERIAL NUMBER FOUND"));
-    EXPECT_THAT(clock->Sleeps(), Contains(1000u));
-    EXPECT_EQ(rig.GetConnector()->MonitorName(), "");
-}
-
 TEST(FtdiConnector, NullMessageInTheTableReadFallsBackToTheStandardLoop) {
     CScopedVirtualClock clock;
     CChannelRig rig("Birch", ESimChannel::eFtdi);
@@ -313,18 +161,6 @@ TEST(FtdiConnector, NullMessageInTheTableReadFallsBackToTheStandardLoop) {
     EXPECT_EQ(rig.GetConnector()->CapabilitiesString(), rig.Scaler().CapabilityString());
     EXPECT_EQ(RequestRounds(rig, BuildPrivateCapabilitiesRequest(32)), 1);
     EXPECT_EQ(RequestRounds(rig, BuildCapabilitiesRequest(0)), 1);
-}
-
-TEST(FtdiConnector, CloseForgetsTheRecordAndTheEdid) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("FirSmall", ESimChannel::eFtdi);
-    const auto& connector = rig.GetConnector();
-    EXPECT_FALSE(connector->MonitorName().empty());
-    EXPECT_TRUE(connector->Close());
-    EXPECT_FALSE(connector->IsOpen());
-    EXPECT_FALSE(rig.FtdiChip()->IsOpen());
-    EXPECT_EQ(connector->MonitorName(), "") << "nothing cached, and the bridge is closed";
-    EXPECT_THAT(clock->Sleeps(), Not(Contains(5000u)));
 }
 
 } // namespace

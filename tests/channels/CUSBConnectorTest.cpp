@@ -50,15 +50,6 @@ TEST(SerialConnector, SilentScalerGivesTheLoneCheckByte) {
     EXPECT_TRUE(connector->IsOpen());
 }
 
-TEST(SerialConnector, NullMessageInTheCapabilityReadGivesNothing) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Alder", ESimChannel::eSerial);
-    rig.Display().Faults().Arm({ESimFault::eNullMessage, 0, 2, 1});
-    EXPECT_EQ(rig.GetConnector()->CapabilitiesString(), "");
-    EXPECT_EQ(rig.SerialPort()->writes.size(), 3u);
-    EXPECT_EQ(rig.SerialPort()->writes.back(), BuildCapabilitiesRequest(64));
-}
-
 TEST(SerialConnector, CapabilityTextEndsAtItsBalancingParenthesis) {
     CScopedVirtualClock clock;
     CChannelRig rig("AspenTwo", ESimChannel::eSerial);
@@ -80,25 +71,6 @@ TEST(SerialConnector, MonitorNameCostsOneEdidRead) {
     EXPECT_EQ(std::count(sleeps.begin(), sleeps.end(), 700u), 1);
     EXPECT_EQ(connector->ReadEDID(kNoTabletId), rig.Display().Edid());
     EXPECT_FALSE(connector->FWVersion().IsValid());
-}
-
-TEST(SerialConnector, UnpluggedPortClosesAtTheFailedWrite) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Alder", ESimChannel::eSerial);
-    rig.SerialDevice()->SetPlugged(false);
-    EXPECT_TRUE(rig.GetConnector()->SendRequest(kGetLuminance, 0.07, 38, 0).empty());
-    EXPECT_FALSE(rig.GetConnector()->IsOpen());
-    EXPECT_FALSE(rig.GetConnector()->Open(std::string(CChannelRig::kPortName)));
-    rig.SerialDevice()->SetPlugged(true);
-    EXPECT_TRUE(rig.GetConnector()->Open(std::string(CChannelRig::kPortName)));
-}
-
-TEST(SerialConnector, ResetFrameReachesTheScaler) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Alder", ESimChannel::eSerial);
-    // The scaler's null message is no acknowledgement of a reset.
-    EXPECT_FALSE(rig.GetConnector()->ScalarReset());
-    EXPECT_EQ(rig.Scaler().Counters().scalerResets, 1);
 }
 
 } // namespace

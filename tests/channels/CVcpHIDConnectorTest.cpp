@@ -5,7 +5,6 @@
 #include "channels/CVcpHIDDeviceConnector.h"
 #include "ddc/Frames.h"
 #include "foundation/VirtualClock.h"
-#include "sim/CSimDisplayChannels.h"
 #include "sim/CSimFaults.h"
 #include "sim/SimModelTable.h"
 
@@ -46,27 +45,6 @@ TEST(HidConnector, StatusIsPolledAtMostFourTimes) {
         EXPECT_EQ(clock->TotalSleptMs(), c.sleptMs);
         EXPECT_EQ(reply,
                   c.value == 0 ? ByteVector{} : BuildSimulatedResponse(1, 0x6B, c.value, 100));
-    }
-}
-
-TEST(HidConnector, SlowScalerIsWaitedForUpToFourPolls) {
-    struct SCase {
-        int lateMs;
-        uint32_t sleptMs;
-        uint16_t value; // a reply not ready by the fourth poll is no reply
-    };
-    for (const SCase c : {SCase{0, 0, 80}, SCase{250, 300, 80}, SCase{450, 400, 0}}) {
-        SCOPED_TRACE(c.lateMs);
-        CScopedVirtualClock clock;
-        CSimDisplay display(*FindSimModel("Hazel"), "SN00000000001",
-                            SimChannelBit(ESimChannel::eHid));
-        CSimDisplayChannels channels(display, {CChannelRig::kHidPath, "", "", 0});
-        CVcpHIDDeviceConnector connector(std::make_unique<CSimHidPort>(channels.Hid()));
-        ASSERT_TRUE(connector.Open(std::string(CChannelRig::kHidPath)));
-        display.Faults().Arm({ESimFault::eLate, c.lateMs, 0, 1});
-        EXPECT_EQ(connector.SendRequest(kGetLuminance, 0.07, 38, 0),
-                  c.value == 0 ? ByteVector{} : BuildSimulatedResponse(1, 0x6B, c.value, 100));
-        EXPECT_EQ(clock->TotalSleptMs(), c.sleptMs);
     }
 }
 
@@ -140,24 +118,6 @@ TEST(HidConnector, HeldDeviceDoesNotOpen) {
     EXPECT_FALSE(connector.Open(std::string("")));
     EXPECT_FALSE(connector.Open(std::string("/dev/hidraw9")));
     EXPECT_TRUE(connector.Open(std::string(CChannelRig::kHidPath)));
-}
-
-TEST(HidConnector, BuildCommandKnowsThreeKinds) {
-    EXPECT_EQ(CVcpHIDConnector::BuildCommand(0x01, 0xC9, 7, 7), BuildGetVCPFeature(0xC9));
-    EXPECT_EQ(CVcpHIDConnector::BuildCommand(0x03, 0x10, 0x00, 0x32), BuildSetVCPFeature(0x10, 50));
-    EXPECT_EQ(CVcpHIDConnector::BuildCommand(0xF3, 7, 0x01, 0x20), BuildCapabilitiesRequest(0x120));
-    EXPECT_TRUE(CVcpHIDConnector::BuildCommand(0x0C, 0, 0, 0).empty());
-}
-
-TEST(HidConnector, DeviceLostMidwayLeavesTheCapabilityTextUnknown) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Hazel", ESimChannel::eHid);
-    // The device goes after the second fragment's request: its status poll fails.
-    int calls = 0;
-    rig.HidDevice()->SetPresenceProbe([&calls] { return ++calls <= 4; });
-    EXPECT_EQ(rig.GetConnector()->CapabilitiesString(), "");
-    EXPECT_EQ(rig.HidDevice()->Requests(), 2u);
-    EXPECT_EQ(clock->TotalSleptMs(), 0u);
 }
 
 } // namespace

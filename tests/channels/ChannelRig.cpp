@@ -58,11 +58,11 @@ CChannelRig::CChannelRig(const char* model_I, ESimChannel channel_I, std::string
     }
     case ESimChannel::eSerial: {
         mSerial = std::make_unique<CSimSerialDevice>(*mDisplay);
-        auto port = std::make_unique<CSimSerialPort>(*mSerial, kPortName);
+        auto port = std::make_unique<CSimSerialPort>(*mSerial, "ttyUSB0");
         port->RecordWrites(true);
         mSerialPort = port.get();
         mConnector = std::make_shared<CUSBConnector>(std::move(port));
-        mOpened = mConnector->Open(std::string(kPortName));
+        mOpened = mConnector->Open(std::string("ttyUSB0"));
         break;
     }
     }

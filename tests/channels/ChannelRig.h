@@ -16,7 +16,6 @@
 
 class CChannelRig {
 public:
-    static constexpr const char* kPortName = "ttyUSB0";
     static constexpr const char* kHidPath = "/dev/hidraw3";
 
     // serial_I of 13 characters; empty gives one made of the model's name.
@@ -26,7 +25,6 @@ public:
     CSimScaler& Scaler() { return mDisplay->Scaler(); }
     const std::shared_ptr<Connector>& GetConnector() const { return mConnector; }
     bool Opened() const { return mOpened; }
-    ESimChannel Channel() const { return mChannel; }
 
     // Request frames in bus order, from the 6E on, as they crossed the wire; for HID the frame
     // inside each request report.

@@ -2,7 +2,6 @@
 
 #include "foundation/StringUtilities.h"
 
-#include <algorithm>
 #include <cstdio>
 
 const char kTestCapabilities[] =
@@ -10,30 +9,31 @@ const char kTestCapabilities[] =
 
 namespace {
 
-constexpr size_t kFirstDescriptorAt = 0x48;
-constexpr size_t kDescriptorSize = 18;
-constexpr size_t kDescriptorTextSize = 13;
-
-void PutDescriptor(ByteVector& edid_IO, size_t at_I, uint8_t type_I, const std::string& text_I) {
+// Each text ends with a line feed and blanks when shorter than the descriptor's 13 bytes.
+void PutDescriptor(ByteVector& edid_IO, size_t at_I, uint8_t type_I, std::string text_I) {
     edid_IO[at_I + 3] = type_I;
-    std::string text = text_I.substr(0, kDescriptorTextSize);
-    if (text.size() < kDescriptorTextSize) {
-        text.push_back('\n');
+    text_I = (text_I + "\n").substr(0, 13);
+    text_I.resize(13, ' ');
+    std::copy(text_I.begin(), text_I.end(), edid_IO.begin() + static_cast<long>(at_I + 5));
+}
+
+std::vector<std::string> Names(const char* prefix_I, size_t count_I) {
+    std::vector<std::string> names;
+    for (size_t index = 0; index < count_I; ++index) {
+        names.push_back(prefix_I + std::to_string(index));
     }
-    text.resize(kDescriptorTextSize, ' ');
-    std::copy(text.begin(), text.end(), edid_IO.begin() + static_cast<long>(at_I + 5));
+    return names;
 }
 
 } // namespace
 
 ByteVector TestEdid(const std::string& serial_I, const std::string& name_I) {
-    ByteVector edid(128, 0x00);
-    const uint8_t header[] = {0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
-    std::copy(std::begin(header), std::end(header), edid.begin());
-    size_t at = kFirstDescriptorAt;
+    ByteVector edid = {0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
+    edid.resize(128, 0x00);
+    size_t at = 0x48;
     if (!serial_I.empty()) {
         PutDescriptor(edid, at, 0xFF, serial_I);
-        at += kDescriptorSize;
+        at += 18;
     }
     if (!name_I.empty()) {
         PutDescriptor(edid, at, 0xFC, name_I);
@@ -57,15 +57,8 @@ bool CTestChannel::Open(const std::string& port_I) {
     return mOpens;
 }
 
-bool CTestChannel::Open(long device_I) {
-    openedWith.push_back(std::to_string(device_I));
-    SetOpen(mOpens);
-    return mOpens;
-}
-
-CFakeVideoConnector::CFakeVideoConnector(const std::set<std::wstring>& working_I,
-                                         std::string error_I)
-    : CMonitorConnectorDP({}), mWorking(working_I), mError(std::move(error_I)) {
+CFakeVideoConnector::CFakeVideoConnector(std::set<std::wstring> working_I, std::string error_I)
+    : CMonitorConnectorDP({}), mWorking(std::move(working_I)), mError(std::move(error_I)) {
     mScaler.SetVcp(0x10, 70, 100);
     mScaler.SetVcp(0x12, 60, 100);
     mScaler.SetVcp(0xCC, 2, 40);
@@ -99,76 +92,47 @@ void CFakeDisplayPlatform::AddMonitor(uint16_t edid_I, const std::string& serial
     handles[ToWide(ToUpper(std::string(hardwareId) + "\\" + key))] = "/dev/i2c-" + key;
 }
 
-std::shared_ptr<CTestChannel> CFakeDisplayPlatform::AddHid(const std::string& serial_I,
-                                                           bool works_I) {
-    mHid.push_back(std::make_shared<CTestChannel>(eConnectorType_HID, serial_I, "", works_I));
-    return mHid.back();
-}
-
-std::shared_ptr<CTestChannel> CFakeDisplayPlatform::AddSerial(const std::string& serial_I,
-                                                              const std::string& name_I,
-                                                              bool works_I) {
-    mSerial.push_back(
-        std::make_shared<CTestChannel>(eConnectorType_Serial, serial_I, name_I, works_I));
-    return mSerial.back();
-}
-
-std::shared_ptr<CTestChannel> CFakeDisplayPlatform::AddFtdi(const std::string& serial_I,
-                                                            const std::string& name_I,
-                                                            bool works_I) {
-    mFtdi.push_back(std::make_shared<CTestChannel>(eConnectorType_FTDI, serial_I, name_I, works_I));
-    return mFtdi.back();
-}
-
-std::shared_ptr<CTestChannel> CFakeDisplayPlatform::AddTi(const std::string& serial_I,
-                                                          const std::string& name_I, bool works_I) {
-    mTi.push_back(std::make_shared<CTestChannel>(eConnectorType_TI, serial_I, name_I, works_I));
-    return mTi.back();
+std::shared_ptr<CTestChannel> CFakeDisplayPlatform::Add(int type_I, const std::string& serial_I,
+                                                        const std::string& name_I, bool works_I) {
+    auto channel = std::make_shared<CTestChannel>(type_I, serial_I, name_I, works_I);
+    mChannels[type_I].push_back(channel);
+    return channel;
 }
 
 bool CFakeDisplayPlatform::RefreshMonitor(SDisplayInfo& info_IO) {
     const auto found = handles.find(info_IO.deviceID);
-    if (found == handles.end()) {
-        return false;
+    if (found != handles.end()) {
+        info_IO.monitorHandle = found->second;
     }
-    info_IO.monitorHandle = found->second;
-    return true;
+    return found != handles.end();
 }
 
 std::shared_ptr<CMonitorConnectorDP> CFakeDisplayPlatform::MakeVideoConnector() {
-    videoConnectors.push_back(std::make_shared<CFakeVideoConnector>(videoSerials, videoError));
-    return videoConnectors.back();
+    ++videoConnectors;
+    return std::make_shared<CFakeVideoConnector>(videoSerials, videoError);
 }
 
 std::vector<std::string> CFakeDisplayPlatform::ListHidChannels() {
     ++hidScans;
-    std::vector<std::string> paths;
-    for (size_t index = 0; index < mHid.size(); ++index) {
-        paths.push_back("/dev/hidraw" + std::to_string(index));
-    }
-    return paths;
+    return Names("/dev/hidraw", mChannels[eConnectorType_HID].size());
 }
 
 std::vector<std::string> CFakeDisplayPlatform::ListSerialPorts() {
     ++serialScans;
-    std::vector<std::string> names;
-    for (size_t index = 0; index < mSerial.size(); ++index) {
-        names.push_back("/dev/ttyUSB" + std::to_string(index));
-    }
-    return names;
+    return Names("/dev/ttyUSB", mChannels[eConnectorType_Serial].size());
 }
 
 uint32_t CFakeDisplayPlatform::FtdiDeviceCount() {
     ++ftdiScans;
-    return static_cast<uint32_t>(mFtdi.size());
+    return static_cast<uint32_t>(mChannels[eConnectorType_FTDI].size());
 }
 
-std::shared_ptr<Connector>
-CFakeDisplayPlatform::Take(std::deque<std::shared_ptr<CTestChannel>>& queue_I) {
-    if (queue_I.empty()) {
+std::shared_ptr<Connector> CFakeDisplayPlatform::Take(int type_I) {
+    auto& queue = mChannels[type_I];
+    if (queue.empty()) {
         return nullptr;
     }
-    std::shared_ptr<Connector> connector = queue_I.front();
-    queue_I.pop_front();
+    std::shared_ptr<Connector> connector = queue.front();
+    queue.pop_front();
     return connector;
 }

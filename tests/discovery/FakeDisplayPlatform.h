@@ -29,7 +29,7 @@ public:
     std::string SerialNumber(uint32_t) override { return mSerial; }
     std::string MonitorName() override { return mName; }
     bool Open(const std::string& port_I) override;
-    bool Open(long device_I) override;
+    bool Open(long device_I) override { return Open(std::to_string(device_I)); }
     void SetOpens(bool opens_I) { mOpens = opens_I; }
 
     std::vector<std::string> openedWith;
@@ -42,7 +42,7 @@ private:
 
 class CFakeVideoConnector : public CMonitorConnectorDP {
 public:
-    CFakeVideoConnector(const std::set<std::wstring>& working_I, std::string error_I);
+    CFakeVideoConnector(std::set<std::wstring> working_I, std::string error_I);
 
     bool OpenDisplayInfo(const SDisplayInfo& info_I) override;
     bool IsOpen() override { return mOpened; }
@@ -50,13 +50,11 @@ public:
     ByteVector SendRequest(const ByteVector& toSend_I, double delay, unsigned expectedSize_I,
                            int retries) override;
 
-    CFakeConnector& Scaler() { return mScaler; }
-
 private:
     std::set<std::wstring> mWorking;
     std::string mError;
-    bool mOpened = false;
     bool mWorks = false;
+    bool mOpened = false;
     CFakeConnector mScaler;
 };
 
@@ -64,25 +62,23 @@ class CFakeDisplayPlatform : public IDisplayPlatform {
 public:
     // Adds a monitor of the desktop whose handle RefreshMonitor finds.
     void AddMonitor(uint16_t edid_I, const std::string& serial_I, const std::string& name_I);
-    std::shared_ptr<CTestChannel> AddHid(const std::string& serial_I, bool works_I = true);
-    std::shared_ptr<CTestChannel> AddSerial(const std::string& serial_I,
-                                            const std::string& name_I = "", bool works_I = true);
-    std::shared_ptr<CTestChannel> AddFtdi(const std::string& serial_I,
-                                          const std::string& name_I = "", bool works_I = true);
-    std::shared_ptr<CTestChannel> AddTi(const std::string& serial_I, const std::string& name_I = "",
-                                        bool works_I = true);
+    // A channel of the connector type: HID, serial, FTDI or TI.
+    std::shared_ptr<CTestChannel> Add(int type_I, const std::string& serial_I,
+                                      const std::string& name_I = "", bool works_I = true);
 
     std::vector<SMonitorSource> ListMonitors() override { return monitors; }
     bool RefreshMonitor(SDisplayInfo& info_IO) override;
     std::shared_ptr<CMonitorConnectorDP> MakeVideoConnector() override;
     std::vector<std::string> ListHidChannels() override;
-    std::shared_ptr<Connector> MakeHidConnector() override { return Take(mHid); }
+    std::shared_ptr<Connector> MakeHidConnector() override { return Take(eConnectorType_HID); }
     std::vector<std::string> ListSerialPorts() override;
-    std::shared_ptr<Connector> MakeSerialConnector() override { return Take(mSerial); }
+    std::shared_ptr<Connector> MakeSerialConnector() override {
+        return Take(eConnectorType_Serial);
+    }
     uint32_t FtdiDeviceCount() override;
-    std::shared_ptr<Connector> MakeFtdiConnector() override { return Take(mFtdi); }
-    int TiDeviceCount() override { return static_cast<int>(mTi.size()); }
-    std::shared_ptr<Connector> MakeTiConnector() override { return Take(mTi); }
+    std::shared_ptr<Connector> MakeFtdiConnector() override { return Take(eConnectorType_FTDI); }
+    int TiDeviceCount() override { return static_cast<int>(mChannels[eConnectorType_TI].size()); }
+    std::shared_ptr<Connector> MakeTiConnector() override { return Take(eConnectorType_TI); }
     bool IsMakerSystem() override { return makerSystem; }
     SPlatformReport Describe() override { return {}; }
 
@@ -95,14 +91,11 @@ public:
     int hidScans = 0;
     int serialScans = 0;
     int ftdiScans = 0;
-    std::vector<std::shared_ptr<CFakeVideoConnector>> videoConnectors;
+    int videoConnectors = 0;
     std::map<std::wstring, std::string> handles;
 
 private:
-    static std::shared_ptr<Connector> Take(std::deque<std::shared_ptr<CTestChannel>>& queue_I);
+    std::shared_ptr<Connector> Take(int type_I);
 
-    std::deque<std::shared_ptr<CTestChannel>> mHid;
-    std::deque<std::shared_ptr<CTestChannel>> mSerial;
-    std::deque<std::shared_ptr<CTestChannel>> mFtdi;
-    std::deque<std::shared_ptr<CTestChannel>> mTi;
+    std::map<int, std::deque<std::shared_ptr<CTestChannel>>> mChannels;
 };

@@ -3,7 +3,6 @@
 #include "foundation/Trace.h"
 
 #include <algorithm>
-#include <cstring>
 #include <vector>
 
 namespace {
@@ -128,7 +127,7 @@ FtStatus CLibFtdi1Api::FT_Read(FtHandle handle_I, void* buffer_O, uint32_t count
         }
     }
     const auto taken = static_cast<uint32_t>(std::min<size_t>(count_I, handle->readAhead.size()));
-    std::memcpy(buffer_O, handle->readAhead.data(), taken);
+    std::copy_n(handle->readAhead.begin(), taken, static_cast<unsigned char*>(buffer_O));
     handle->readAhead.erase(handle->readAhead.begin(), handle->readAhead.begin() + taken);
     *read_O = taken;
     return Ft::kOk;

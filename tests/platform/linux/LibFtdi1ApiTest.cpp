@@ -118,6 +118,26 @@ TEST_F(LibFtdi1ApiTest, DrivesTheBridgeThroughTheWholeOpenSequenceAndDdcCi) {
     EXPECT_EQ(CI2CConnectorFTDI::NumberOfDevices(*api), 0u);
 }
 
+// Before the latency is set, the handle counts transfers of the chip's 16 ms latency period: a
+// read that gets less than it asks for lasts the read time-out.
+TEST_F(LibFtdi1ApiTest, AShortReadLastsTheReadTimeOut) {
+    CLibFtdi1Api api(L"" FAKE_LIBFTDI1);
+    FtHandle handle = nullptr;
+    ASSERT_EQ(api.FT_OpenEx(reinterpret_cast<void*>(uintptr_t{1}), Ft::kOpenByLocation, &handle),
+              Ft::kOk);
+    ASSERT_EQ(api.FT_SetBitMode(handle, 0x00, 0x02), Ft::kOk);
+    // A bad command: the MPSSE answers with two bytes.
+    const uint8_t bad = 0xAA;
+    uint32_t count = 0;
+    ASSERT_EQ(api.FT_Write(handle, &bad, 1, &count), Ft::kOk);
+    uint8_t answer[3] = {};
+    const int64_t before = mClock->NowNs();
+    EXPECT_EQ(api.FT_Read(handle, answer, 3, &count), Ft::kOk);
+    EXPECT_EQ(count, 2u);
+    EXPECT_EQ((mClock->NowNs() - before) / 1000000, 5008);
+    api.FT_Close(handle);
+}
+
 TEST_F(LibFtdi1ApiTest, ThePlatformPrefersFtdisLibraryAndFallsBackToLibFtdi1) {
     const struct {
         const wchar_t* vendor;

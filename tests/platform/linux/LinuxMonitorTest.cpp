@@ -82,9 +82,10 @@ TEST_F(LinuxMonitorTest, ListsConnectedConnectorsWithEdidAndFindsTheirBus) {
         std::wstring deviceId;
         std::string bus;
     } cases[] = {
-        {birchId + L"\\CARD0-DP-1", "/dev/i2c-5"}, {L"monitor\\acr0001\\card1-edp-1", "/dev/i2c-9"},
-        {birchId + L"\\CARD0-DP-2", ""},           {aspenId + L"\\CARD0-HDMI-A-1", ""},
-        {aspenId + L"\\CARD1-DP-3", ""},           {birchId + L"\\CARD1-DP-3", ""},
+        {birchId + L"\\CARD0-DP-1", "/dev/i2c-5"},
+        {L"monitor\\acr0001\\card1-edp-1", "/dev/i2c-9"},
+        {birchId + L"\\CARD0-DP-2", ""},
+        {aspenId + L"\\CARD1-DP-3", ""},
     };
     for (const auto& row : cases) {
         SDisplayInfo info;

@@ -65,6 +65,14 @@ TEST_F(LinuxSerialPortTest, CarriesEveryByteUnchangedBothWays) {
 
     CLinuxSerialPort port;
     ASSERT_TRUE(port.Open("ttyUSB0", kLine, kQuickReads)) << port.LastError();
+    // The line runs at the asked speed, raw.
+    const int watch = ::open(::ptsname(farEnd), O_RDONLY | O_NOCTTY);
+    ASSERT_GE(watch, 0);
+    termios raw{};
+    ASSERT_EQ(::tcgetattr(watch, &raw), 0);
+    ::close(watch);
+    EXPECT_EQ(::cfgetospeed(&raw), speed_t{B9600});
+    EXPECT_EQ(raw.c_lflag & (ICANON | ECHO), 0u);
 
     size_t count = 0;
     ASSERT_TRUE(port.Write(kControlBytes.data(), kControlBytes.size(), count));

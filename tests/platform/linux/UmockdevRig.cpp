@@ -23,30 +23,12 @@ std::string Hex4(uint16_t value_I) {
 
 // A collection on the usage page with one 511-byte feature report E5.
 std::vector<uint8_t> ReportDescriptor(uint16_t usagePage_I) {
-    return {0x06,
-            static_cast<uint8_t>(usagePage_I & 0xFF),
-            static_cast<uint8_t>(usagePage_I >> 8),
-            0x09,
-            0x01,
-            0xA1,
-            0x01,
-            0x85,
-            0xE5,
-            0x15,
-            0x00,
-            0x26,
-            0xFF,
-            0x00,
-            0x75,
-            0x08,
-            0x96,
-            0xFF,
-            0x01,
-            0x09,
-            0x01,
-            0xB1,
-            0x02,
-            0xC0};
+    std::vector<uint8_t> descriptor = {0x06, 0x00, 0x00, 0x09, 0x01, 0xA1, 0x01, 0x85,
+                                       0xE5, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08,
+                                       0x96, 0xFF, 0x01, 0x09, 0x01, 0xB1, 0x02, 0xC0};
+    descriptor[1] = static_cast<uint8_t>(usagePage_I & 0xFF);
+    descriptor[2] = static_cast<uint8_t>(usagePage_I >> 8);
+    return descriptor;
 }
 
 // Resolves the pointer argument of an ioctl to size_I bytes of the caller's memory.
@@ -103,36 +85,32 @@ gboolean PassIoctl(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer) 
     return TRUE;
 }
 
-gboolean HandleWrite(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer data_I) {
-    auto& node = *static_cast<SNode*>(data_I);
+// One I2C transaction with the node's slave: a write of the caller's bytes or a read into them.
+gboolean HandleTransfer(UMockdevIoctlClient* client_I, SNode& node_I, bool read_I) {
     UMockdevIoctlData* arg = umockdev_ioctl_client_get_arg(client_I);
-    if (node.i2c == nullptr) {
+    if (node_I.i2c == nullptr) {
         umockdev_ioctl_client_complete(client_I, -1, EINVAL);
         return TRUE;
     }
-    bool acked = node.i2c->Address(static_cast<uint8_t>(node.address << 1));
+    bool acked = node_I.i2c->Address(static_cast<uint8_t>(node_I.address << 1 | (read_I ? 1 : 0)));
     for (int i = 0; acked && i < arg->data_len; ++i) {
-        acked = node.i2c->Write(arg->data[i]);
+        if (read_I) {
+            arg->data[i] = node_I.i2c->Read(i + 1 < arg->data_len);
+        } else {
+            acked = node_I.i2c->Write(arg->data[i]);
+        }
     }
-    node.i2c->Stop();
+    node_I.i2c->Stop();
     umockdev_ioctl_client_complete(client_I, acked ? arg->data_len : -1, acked ? 0 : ENXIO);
     return TRUE;
 }
 
+gboolean HandleWrite(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer data_I) {
+    return HandleTransfer(client_I, *static_cast<SNode*>(data_I), false);
+}
+
 gboolean HandleRead(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer data_I) {
-    auto& node = *static_cast<SNode*>(data_I);
-    UMockdevIoctlData* arg = umockdev_ioctl_client_get_arg(client_I);
-    if (node.i2c == nullptr) {
-        umockdev_ioctl_client_complete(client_I, -1, EINVAL);
-        return TRUE;
-    }
-    const bool acked = node.i2c->Address(static_cast<uint8_t>((node.address << 1) | 1));
-    for (int i = 0; acked && i < arg->data_len; ++i) {
-        arg->data[i] = node.i2c->Read(i + 1 < arg->data_len);
-    }
-    node.i2c->Stop();
-    umockdev_ioctl_client_complete(client_I, acked ? arg->data_len : -1, acked ? 0 : ENXIO);
-    return TRUE;
+    return HandleTransfer(client_I, *static_cast<SNode*>(data_I), true);
 }
 
 } // namespace
@@ -216,6 +194,13 @@ void CUmockdevRig::Attach(const std::string& node_I, SNode& node_IO) {
     mHandlers.push_back(handler);
 }
 
+gchar* CUmockdevRig::AddUsbDevice(uint16_t vendorId_I, uint16_t productId_I) {
+    const std::string name = "1-" + std::to_string(++mUsbCount);
+    return umockdev_testbed_add_device(
+        mTestbed, "usb", name.c_str(), nullptr, "idVendor", Hex4(vendorId_I).c_str(), "idProduct",
+        Hex4(productId_I).c_str(), nullptr, "DEVTYPE", "usb_device", nullptr);
+}
+
 std::string CUmockdevRig::AddI2CDevice(int bus_I) {
     // The i2c-dev class device of the adapter carries the node.
     const std::string name = "i2c-" + std::to_string(bus_I);
@@ -238,10 +223,7 @@ void CUmockdevRig::AttachI2C(int bus_I, ISimI2CTarget& target_I) {
 
 int CUmockdevRig::AddUsbSerial(const std::string& tty_I, uint16_t vendorId_I,
                                uint16_t productId_I) {
-    const std::string usbName = "1-" + std::to_string(++mUsbCount);
-    gchar* usb = umockdev_testbed_add_device(
-        mTestbed, "usb", usbName.c_str(), nullptr, "idVendor", Hex4(vendorId_I).c_str(),
-        "idProduct", Hex4(productId_I).c_str(), nullptr, "DEVTYPE", "usb_device", nullptr);
+    gchar* usb = AddUsbDevice(vendorId_I, productId_I);
     // A node line without content makes the testbed back the tty with a pty.
     const std::string node = "/dev/" + tty_I;
     const std::string record = std::string("P: ") + (usb + 4) + "/" + tty_I + "\nN: " + tty_I +
@@ -263,10 +245,7 @@ int CUmockdevRig::AddUsbSerial(const std::string& tty_I, uint16_t vendorId_I,
 
 void CUmockdevRig::AddHidraw(const std::string& hidraw_I, uint16_t vendorId_I, uint16_t productId_I,
                              uint16_t usagePage_I, CSimHidDevice& device_I) {
-    const std::string usbName = "1-" + std::to_string(++mUsbCount);
-    gchar* usb = umockdev_testbed_add_device(
-        mTestbed, "usb", usbName.c_str(), nullptr, "idVendor", Hex4(vendorId_I).c_str(),
-        "idProduct", Hex4(productId_I).c_str(), nullptr, "DEVTYPE", "usb_device", nullptr);
+    gchar* usb = AddUsbDevice(vendorId_I, productId_I);
     const std::string hidName =
         "0003:" + Hex4(vendorId_I) + ":" + Hex4(productId_I) + "." + std::to_string(mUsbCount);
     char hidId[32];

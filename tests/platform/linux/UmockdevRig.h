@@ -59,6 +59,8 @@ public:
 
 private:
     void Attach(const std::string& node_I, SNode& node_IO);
+    // A USB device vid:pid; its syspath, for g_free.
+    char* AddUsbDevice(uint16_t vendorId_I, uint16_t productId_I);
 
     _UMockdevTestbed* mTestbed;
     std::map<int, std::string> mAdapters;

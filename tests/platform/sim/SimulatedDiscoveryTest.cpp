@@ -12,10 +12,6 @@
 
 namespace {
 
-// One display on each kind of channel.
-constexpr const char kEveryChannel[] =
-    "ElmLarge@video,Hazel@hid,Birch@ftdi,Aspen@serial,CedarSmall@ti";
-
 SDisplayConfigOptions Options(SConnectionMode mode_I = eConnectionMode_All) {
     SDisplayConfigOptions options;
     options.language = LanguageProvider("en");
@@ -34,42 +30,6 @@ class SimulatedDiscoveryTest : public ::testing::Test {
 protected:
     CScopedVirtualClock clock;
 };
-
-TEST_F(SimulatedDiscoveryTest, FindsAndDrivesADisplayOnEveryChannel) {
-    auto platform = Platform(kEveryChannel);
-    ASSERT_NE(platform, nullptr);
-    CDisplayConfigInterface config(Options(), platform);
-
-    const int expectedTypes[] = {eConnectorType_DisplayPort, eConnectorType_HID,
-                                 eConnectorType_FTDI, eConnectorType_Serial, eConnectorType_TI};
-    // Hazel keeps its brightness in the white backlight level.
-    const uint8_t brightnessCodes[] = {vcpC_Luminance, vcpC_BacklightLevelWhite, vcpC_Luminance,
-                                       vcpC_Luminance, vcpC_Luminance};
-    ASSERT_EQ(config.DisplayInfos().size(), platform->DisplayCount());
-    for (size_t index = 0; index < platform->DisplayCount(); ++index) {
-        CSimDisplay& sim = platform->Display(index);
-        const SDisplayInfo& info = config.DisplayInfos()[index];
-        SCOPED_TRACE(std::string(sim.Model().name));
-        EXPECT_EQ(info.serialNumber, ToWide(sim.SerialNumber()));
-        EXPECT_EQ(info.edidNumber, sim.EdidNumber());
-        EXPECT_FALSE(info.modelNumber.empty());
-        ASSERT_NE(info.display, nullptr);
-        EXPECT_EQ(info.display->GetConnector()->ConnectorType(), expectedTypes[index]);
-        EXPECT_EQ(info.display->GetModelNumber(), ToNarrow(info.modelNumber));
-
-        config.SetCurrentDisplay(static_cast<int>(index));
-        ASSERT_EQ(config.CurrentDisplay(), info.display);
-        const SVCPResult before = config.CurrentDisplay()->GetBrightness();
-        ASSERT_TRUE(before.valid);
-        EXPECT_EQ(sim.Scaler().Current(brightnessCodes[index]), before.value);
-        const int32_t wanted = before.value == before.minimum ? before.value + 1 : before.value - 1;
-        ASSERT_TRUE(config.CurrentDisplay()->SetBrightness(wanted));
-        EXPECT_EQ(sim.Scaler().Current(brightnessCodes[index]), wanted);
-        EXPECT_EQ(config.CurrentDisplay()->GetBrightness().value, wanted);
-        EXPECT_TRUE(sim.Scaler().HostErrors().empty());
-    }
-    EXPECT_EQ(config.CurrentMonitor(), CSimulatedPlatform::MonitorHandle(4));
-}
 
 TEST_F(SimulatedDiscoveryTest, PairsTwoDisplaysOfOneModelBySerialNumber) {
     auto platform = Platform("Birch@ftdi:serial=BIRCHA,Birch@ftdi+video:serial=BIRCHB");
@@ -116,30 +76,6 @@ TEST_F(SimulatedDiscoveryTest, ReportsTheVideoFailureWhenAskedToStop) {
               std::string::npos)
         << error;
     EXPECT_NE(error.find(CSimulatedPlatform::MonitorHandle(0)), std::string::npos) << error;
-}
-
-TEST_F(SimulatedDiscoveryTest, VideoConnectorServesTheRecordAndRefusesLess) {
-    auto platform = Platform("Birch@video");
-    ASSERT_NE(platform, nullptr);
-    CDisplayConfigInterface config(Options(eConnectionMode_Video), platform);
-    ASSERT_EQ(config.DisplayInfos().size(), 1u);
-    SDisplayInfo info = config.DisplayInfos()[0];
-
-    auto connector = platform->MakeVideoConnector();
-    ASSERT_TRUE(connector->OpenDisplayInfo(info));
-    EXPECT_EQ(connector->MonitorName(), ToNarrow(info.monitorName));
-    EXPECT_EQ(connector->SerialNumber(kNoTabletId), platform->Display(0).SerialNumber());
-    EXPECT_EQ(connector->ReadEDID(kNoTabletId), info.edid);
-    EXPECT_FALSE(connector->CapabilitiesString().empty());
-    EXPECT_TRUE(connector->LastCapsError().empty());
-    connector->Close();
-    EXPECT_FALSE(connector->IsOpen());
-    EXPECT_TRUE(connector->MonitorName().empty());
-
-    // A record without its monitor's handle is incomplete.
-    info.monitorHandle.clear();
-    EXPECT_FALSE(connector->OpenDisplayInfo(info));
-    EXPECT_TRUE(connector->CapabilitiesString().empty());
 }
 
 // The simulator is written without the resources, yet a simulated display must show the same
