@@ -448,7 +448,7 @@ void CMainDialog::ListenForSecondStarts() {
     connect(mInstanceServer, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket* caller = mInstanceServer->nextPendingConnection()) {
             connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
-            if (!mEnded && isVisible()) {
+            if (!mEnded && (isVisible() || mKeptInTray)) {
                 setWindowState(windowState() & ~Qt::WindowMinimized);
                 show();
                 raise();
@@ -522,7 +522,9 @@ void CMainDialog::PlaceWindow() {
     position = KeptOnScreen(QRect(position, size()), frame, workAreas);
     // The client area's point, so that the window manager does not add its frame on top.
     setGeometry(QRect(position, size()));
-    show();
+    if (!mKeptInTray || isVisible()) {
+        show();
+    }
 }
 
 // The two other dialogs line up with the dialog as its rows leave it.
@@ -535,6 +537,13 @@ void CMainDialog::PlaceSecondaryDialogs() {
 }
 
 void CMainDialog::reject() {
+    if (mKeptInTray) {
+        if (mSecondary) {
+            mSecondary->CloseAdvanced();
+        }
+        hide();
+        return;
+    }
     CloseSequence();
 }
 
@@ -545,7 +554,7 @@ void CMainDialog::done(int result_I) {
 void CMainDialog::closeEvent(QCloseEvent* event_I) {
     event_I->ignore();
     if (!mEnded) {
-        CloseSequence();
+        reject();
     }
 }
 

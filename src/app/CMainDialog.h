@@ -96,6 +96,12 @@ public:
     const QString& LastHotplugNotice() const { return mHotplugNotice; }
     // The delay after which the dark-settings question answers No by itself.
     void SetDarkQuestionTimeout(int milliseconds_I) { mDarkQuestionTimeoutMs = milliseconds_I; }
+    // While a tray icon stands for the program: it starts hidden and closing only hides it.
+    void KeepInTray(bool keep_I) { mKeptInTray = keep_I; }
+
+signals:
+    // Discovery ran again: the display list and its sessions are new.
+    void displaysChanged();
 
 protected:
     // Every window that waits for an answer runs through here; tests answer in its place.
@@ -242,6 +248,7 @@ private:
     int64_t mLastY = 0;
     int mDarkQuestionTimeoutMs = kDarkQuestionTimeoutMs;
     bool mEnded = false;
+    bool mKeptInTray = false;
     int mResult = 0;
     QPointer<QEventLoop> mRunLoop;
     QLocalServer* mInstanceServer = nullptr;

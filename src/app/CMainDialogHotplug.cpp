@@ -66,6 +66,7 @@ bool CMainDialog::FollowHotplug() {
     if (mSecondary->AdvancedExists()) {
         mSecondary->RefreshAdvanced();
     }
+    emit displaysChanged();
     mHotplugNotice = HotplugNotice(before, after);
     if (!mHotplugNotice.isEmpty() && isVisible()) {
         QComboBox* combo = mDisplayCombo.Combo();

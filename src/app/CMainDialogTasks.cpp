@@ -106,6 +106,7 @@ void CMainDialog::DoFactoryReset(bool skipConfirmation_I) {
     PlaceWindow();
     ClearColorCombos();
     PrepareCurrentDisplay(false);
+    emit displaysChanged();
     if (mSecondary->AdvancedExists()) {
         mSecondary->RefreshAdvanced();
     }

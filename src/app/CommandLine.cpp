@@ -12,7 +12,7 @@ const wchar_t* const kHelpTitle = L"PanelTune Options";
 namespace {
 
 // /language, /exitOnError and /refresh stay out of the box on purpose; /simulate is for
-// developers.
+// developers; /tray is told by the manual page, so the box stays as users know it.
 constexpr std::array<const wchar_t*, 6> kHelpLines{
     L"/hidPort - use only a HID channel",
     L"/displayPort - use only a video display channel",
@@ -87,6 +87,7 @@ SCommandLine ParseCommandLine(const std::wstring& commandLine_I) {
         result.simulate = true;
         result.simulation = ToNarrow(simulate[1].str());
     }
+    result.tray = Found(commandLine_I, L"(?:/|--)tray");
     result.help = Found(commandLine_I, L"/help");
     return result;
 }

@@ -11,6 +11,8 @@
 struct SCommandLine {
     SDisplayConfigOptions options;
     bool help = false;
+    // Start in the desktop's tray, without the window (/tray or --tray).
+    bool tray = false;
     // Run on simulated displays instead of the system's; an empty description takes the
     // default mix.
     bool simulate = false;

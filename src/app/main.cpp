@@ -1,7 +1,8 @@
-// The program's entry: searches the command line, shows the option box or runs the main dialog,
-// and returns the dialog's result as the exit code.
+// The program's entry: searches the command line, shows the option box or runs the main dialog
+// (with the tray icon when asked), and returns the dialog's result as the exit code.
 
 #include "app/CMainDialog.h"
+#include "app/CTrayControl.h"
 #include "app/CommandLine.h"
 #include "app/PlatformChoice.h"
 #include "app/QtTranslations.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
+#include <QSystemTrayIcon>
 
 #include <cstdio>
 
@@ -40,6 +42,10 @@ int main(int argc, char** argv) {
     SDisplayConfigOptions options = commandLine.options;
     options.factsStore = MakeFactsStore(commandLine);
     CMainDialog dialog(options, {platform, {}, {}});
+    std::unique_ptr<CTrayControl> tray;
+    if (commandLine.tray) {
+        tray = std::make_unique<CTrayControl>(dialog, QSystemTrayIcon::isSystemTrayAvailable());
+    }
     const int result = dialog.Run();
     RemoveRedirectPages();
     return result;

@@ -35,18 +35,21 @@ TEST_F(CommandLineTest, ConnectionModePrefersVideoThenHidThenFtdi) {
 
 TEST_F(CommandLineTest, FlagsAreFoundAnywhereIgnoringCase) {
     const SCommandLine all =
-        ParseCommandLine(L"junk /EXITONERROR more /skipserialmatchx /Help /Refresh");
+        ParseCommandLine(L"junk /EXITONERROR more /skipserialmatchx /Help /Refresh /TRAY");
     EXPECT_TRUE(all.options.exitOnError);
     EXPECT_TRUE(all.options.refreshFacts);
     EXPECT_TRUE(all.options.skipSerialMatch);
     EXPECT_TRUE(all.help);
+    EXPECT_TRUE(all.tray);
+    EXPECT_TRUE(ParseCommandLine(L"--tray").tray);
 
-    const SCommandLine none = ParseCommandLine(L"/exit /skip /hel /simulat /refr");
+    const SCommandLine none = ParseCommandLine(L"/exit /skip /hel /simulat /refr /tra -tray");
     EXPECT_FALSE(none.options.exitOnError);
     EXPECT_FALSE(none.options.refreshFacts);
     EXPECT_FALSE(none.options.skipSerialMatch);
     EXPECT_FALSE(none.help);
     EXPECT_FALSE(none.simulate);
+    EXPECT_FALSE(none.tray);
 }
 
 TEST_F(CommandLineTest, DebugTurnsTraceOnAndNeverOff) {

@@ -100,6 +100,9 @@ bool DialogTest::Start(const std::string& description_I, const std::string& lang
     mDialog = std::make_unique<CTestMainDialog>(mOptions, environment);
     // No timer is waited for: an unanswered dark question closes at the next turn of events.
     mDialog->SetDarkQuestionTimeout(0);
+    if (mBeforeInit) {
+        mBeforeInit(*mDialog);
+    }
     const bool started = mDialog->OnInitDialog();
     Settle();
     return started;

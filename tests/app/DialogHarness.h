@@ -123,6 +123,8 @@ protected:
     // Lets the dialog finish what the last action started.
     void Settle();
 
+    // Runs between building the dialog and its set-up, when set.
+    std::function<void(CTestMainDialog&)> mBeforeInit;
     CScopedVirtualClock mClock;
     SDisplayConfigOptions mOptions;
     std::unique_ptr<QTemporaryDir> mSettingsFolder;

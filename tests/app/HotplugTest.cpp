@@ -1,6 +1,7 @@
 #include "DialogHarness.h"
 
 #include "app/CHotplugWatcher.h"
+#include "app/CTrayControl.h"
 #include "foundation/TimeSeam.h"
 
 #include <QComboBox>
@@ -22,12 +23,14 @@ protected:
 
 } // namespace
 
-// Each event on the simulated platform, on virtual time, with the list and the selection after it.
+// Each event on the simulated platform, on virtual time, with the list and the selection after it;
+// the tray's menu follows the list.
 TEST_F(HotplugTest, TheListFollowsDisplaysPluggedInAndOutAndKeepsTheSelection) {
     ASSERT_TRUE(Start("ElmLarge@video,Hazel@hid,Birch@ftdi"));
     auto* watcher = Dialog().findChild<CHotplugWatcher*>(QStringLiteral("hotplugWatcher"));
     ASSERT_NE(watcher, nullptr);
     ASSERT_TRUE(watcher->Watching());
+    CTrayControl tray(Dialog(), true);
     const QStringList all = Rows("displayCombo");
     ASSERT_EQ(all.size(), 3);
     Choose("displayCombo", 1);
@@ -54,6 +57,7 @@ TEST_F(HotplugTest, TheListFollowsDisplaysPluggedInAndOutAndKeepsTheSelection) {
         }
         Settle(*watcher);
         EXPECT_EQ(Rows("displayCombo"), row.rows);
+        EXPECT_EQ(tray.Menu().findChildren<QSlider*>().size(), row.rows.size());
         EXPECT_EQ(Find<QComboBox>("displayCombo")->currentText(), row.selected);
         EXPECT_EQ(
             QString::fromStdWString(Dialog().DisplayConfigIF()->CurrentDisplayInfo().monitorName),

@@ -2,13 +2,14 @@
 # Runs the real program under Xvfb with openbox as a user would: three starts must leave the
 # window where the last close left it. Then the dialog pictures are taken under the same X server
 # in German and at scale 2, into the build tree, for people to look at.
+# The tray's pictures are taken last, with trayer as the tray host.
 # Usage: desktop_session.sh <paneltune> <app_tests> <picture folder>; exits 77 (skipped) when
-# Xvfb, openbox or xdotool is missing.
+# Xvfb, openbox, xdotool or trayer is missing.
 set -euo pipefail
 program=$1
 tests=$2
 pictures=$3
-for tool in Xvfb openbox xdotool; do
+for tool in Xvfb openbox xdotool trayer; do
     command -v "$tool" >/dev/null || { echo "skipped: $tool is not installed"; exit 77; }
 done
 work=$(mktemp -d)
@@ -69,4 +70,13 @@ mkdir -p "$pictures"
 QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=2 PANELTUNE_SCREENSHOT_DIR="$pictures" \
     "$tests" --gtest_filter='DialogScreenshotTest.*' \
     >"$work/pictures.log" 2>&1 || { tail -40 "$work/pictures.log"; exit 1; }
+
+# The tray's pictures need a tray host in the screen's top right corner.
+trayer --edge top --align right --widthtype request --height 32 >/dev/null 2>&1 &
+pids+=($!)
+for _ in $(seq 100); do xdotool search --class '^trayer$' >/dev/null 2>&1 && break; sleep 0.1; done
+QT_QPA_PLATFORM=xcb PANELTUNE_SCREENSHOT_DIR="$pictures" \
+    "$tests" --gtest_filter='TrayControlTest.Pictures*' \
+    >"$work/tray.log" 2>&1 || { tail -40 "$work/tray.log"; exit 1; }
+[ -s "$pictures/tray-menu.png" ] || { echo "no tray picture: the tray host did not answer"; exit 1; }
 echo "pictures in $pictures"
