@@ -105,6 +105,9 @@ CAdvancedDialog::~CAdvancedDialog() {
 }
 
 std::shared_ptr<UiDisplayDelegate> CAdvancedDialog::Display() const {
+    if (mMainDlg != nullptr) {
+        mMainDlg->SettleDisplay();
+    }
     return mDisplayConfigIF != nullptr ? mDisplayConfigIF->CurrentDisplay() : nullptr;
 }
 

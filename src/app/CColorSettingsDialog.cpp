@@ -75,6 +75,9 @@ CColorSettingsDialog::CColorSettingsDialog(const SDisplayConfigOptions& options_
 CColorSettingsDialog::~CColorSettingsDialog() = default;
 
 std::shared_ptr<UiDisplayDelegate> CColorSettingsDialog::Display() const {
+    if (mMainDlg != nullptr) {
+        mMainDlg->SettleDisplay();
+    }
     return mDisplayConfigIF != nullptr ? mDisplayConfigIF->CurrentDisplay() : nullptr;
 }
 

@@ -378,13 +378,18 @@ void CMainDialog::FillDisplayCombo() {
 
 // The colour slot the main dialog shows is Gain.
 void CMainDialog::PrepareCurrentDisplay(bool refresh_I) {
-    if (std::shared_ptr<UiDisplayDelegate> display = Display()) {
-        display->LoadColorMods(eColorMod_Gain);
-        display->SelectColorMod(eColorMod_Gain);
-        display->GetCustomRGBColorMod(refresh_I);
-    }
-    UpdateControls();
-    PlaceSecondaryDialogs();
+    auto view = std::make_shared<SControlsView>();
+    PostToDisplay(
+        [view, refresh_I](UiDisplayDelegate& display) {
+            display.LoadColorMods(eColorMod_Gain);
+            display.SelectColorMod(eColorMod_Gain);
+            display.GetCustomRGBColorMod(refresh_I);
+            *view = ReadControls(display);
+        },
+        [this, view] {
+            ShowControls(*view);
+            PlaceSecondaryDialogs();
+        });
 }
 
 void CMainDialog::ClearColorCombos() {
@@ -606,15 +611,18 @@ void CMainDialog::CloseAllDialogs() {
 void CMainDialog::ShowCommunicationError(bool exit_I) {
     SettleDisplay();
     std::shared_ptr<UiDisplayDelegate> display = Display();
-    const std::string lastError = display ? display->GetLastErrorText() : std::string();
+    ShowCommunicationError(exit_I, display ? display->GetLastErrorText() : std::string());
+}
+
+void CMainDialog::ShowCommunicationError(bool exit_I, const std::string& lastError_I) {
     QString text;
     if (exit_I) {
         CloseAllDialogs();
         text = Text(kExitingId) + QLatin1Char('\n');
     }
     text += Text(kTalkErrorId);
-    if (!lastError.empty()) {
-        text += QLatin1Char(' ') + QString::fromStdString(lastError);
+    if (!lastError_I.empty()) {
+        text += QLatin1Char(' ') + QString::fromStdString(lastError_I);
     }
     QMessageBox box(QMessageBox::Critical, Text(kTitleId), text, QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("communicationError"));
@@ -662,19 +670,17 @@ std::shared_ptr<UiDisplayDelegate> CMainDialog::Display() const {
 }
 
 bool CMainDialog::eventFilter(QObject* watched_I, QEvent* event_I) {
-    // Enter commits the edit that has the focus whatever its text, selects the text and leaves
-    // the dialog open.
+    // Enter commits the edit that has the focus whatever its text, selects the text once the
+    // value is written and leaves the dialog open.
     if (event_I->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event_I)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             if (watched_I == mBrightnessPair.edit) {
-                CommitBrightnessEdit();
-                mBrightnessPair.edit->selectAll();
+                CommitEdit(eBrightnessSlider, true);
                 return true;
             }
             if (watched_I == mContrastPair.edit) {
-                CommitContrastEdit();
-                mContrastPair.edit->selectAll();
+                CommitEdit(eContrastSlider, true);
                 return true;
             }
         }
@@ -684,9 +690,9 @@ bool CMainDialog::eventFilter(QObject* watched_I, QEvent* event_I) {
         const auto reason = static_cast<QFocusEvent*>(event_I)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && !mEnded) {
             if (watched_I == mBrightnessPair.edit) {
-                CommitBrightnessEdit();
+                CommitEdit(eBrightnessSlider, false);
             } else if (watched_I == mContrastPair.edit) {
-                CommitContrastEdit();
+                CommitEdit(eContrastSlider, false);
             }
         }
     }

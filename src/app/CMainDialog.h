@@ -10,6 +10,7 @@
 #include "discovery/CDisplayConfigInterface.h"
 #include "discovery/SDisplayConfigOptions.h"
 #include "model/SControlState.h"
+#include "model/SVCPResult.h"
 #include "model/UserSettings.h"
 
 #include <QDialog>
@@ -79,6 +80,8 @@ public:
     void UpdateControls();
     void UpdateSaveRevert();
     void ShowCommunicationError(bool exit_I);
+    // The same with the display's last error as the worker read it.
+    void ShowCommunicationError(bool exit_I, const std::string& lastError_I);
     void DoFactoryReset(bool skipConfirmation_I);
     void DoResetColor();
     void CloseAllDialogs();
@@ -111,6 +114,38 @@ private:
         QLineEdit* edit = nullptr;
         int32_t* stored = nullptr;
     };
+    // What the controls show of the display, read on the worker and shown on this thread.
+    struct SSaveRevertView {
+        bool read = false;
+        SControlState save;
+        SControlState revert;
+    };
+    struct SControlsView {
+        bool read = false;
+        SControlState brightness;
+        SVCPResult brightnessRange;
+        SControlState contrast;
+        SVCPResult contrastRange;
+        SControlState colorSetting;
+        EColorSetting colorSettingValue{};
+        SControlState temperature;
+        EColorTemperature temperatureValue{};
+        SControlState space;
+        EColorSpace spaceValue{};
+        SControlState customColor;
+        std::wstring rgbText;
+        SControlState resetColor;
+        SControlState gamma;
+        int32_t gammaValue = 0;
+        SSaveRevertView saveRevert;
+    };
+    // The outcome of a write, taken on the worker.
+    struct SWritten {
+        bool ok = true;
+        std::string error;
+        bool tooDark = false;
+    };
+    using DisplayJob = std::function<void(UiDisplayDelegate&)>;
 
     // Set-up.
     void BuildControls();
@@ -138,16 +173,30 @@ private:
 
     // Controls.
     std::shared_ptr<UiDisplayDelegate> Display() const;
+    // Runs job_I on the worker with the current display, then done_I here.
+    void PostToDisplay(DisplayJob job_I, CDisplayWorker::Job done_I);
+    static SControlsView ReadControls(UiDisplayDelegate& display_I);
+    static SSaveRevertView ReadSaveRevert(UiDisplayDelegate& display_I);
+    void ShowControls(const SControlsView& view_I);
+    void ShowSaveRevert(const SSaveRevertView& view_I);
+    // A setting's write, then every control (all_I) or Save and Revert read back, in one job.
+    // beforeShow_I runs here between the error, if any, and the update of the controls.
+    void WriteThenShow(std::function<bool(UiDisplayDelegate&)> write_I, bool all_I,
+                       CDisplayWorker::Job beforeShow_I = {});
+    // A level's write; then_I gets, here, whether the values written make the screen too dark.
+    void WriteLevel(ESlider slider_I, int32_t value_I, std::function<void(bool)> then_I);
+    // After a level's write: keeps it, or on No to the too-dark question writes the kept one.
+    // fromSlider_I: a slider's thumb goes back too, which writes as a move does.
+    void KeepLevel(ESlider slider_I, int32_t value_I, bool tooDark_I, bool fromSlider_I);
+    void ReportError(const SWritten& written_I);
     void FillColorCombos(UiDisplayDelegate& display_I);
-    void UpdateSlider(ESlider slider_I, SControlState state_I, int32_t fallback_I);
-    void SetRgbLabel(UiDisplayDelegate& display_I);
-    bool ApplySlider(ESlider slider_I, int32_t value_I);
+    void UpdateSlider(ESlider slider_I, SControlState state_I, SVCPResult range_I,
+                      int32_t fallback_I);
     void OnSliderAction(ESlider slider_I, int action_I);
     void LiveEvent(ESlider slider_I, int32_t value_I);
     void CommitEvent(ESlider slider_I, int32_t value_I);
-    void CommitBrightnessEdit();
-    void CommitContrastEdit();
-    bool ConfirmDarkSettings(ESlider slider_I, int32_t value_I);
+    // select_I: the text is selected once the value is written (Enter).
+    void CommitEdit(ESlider slider_I, bool select_I);
     void OnColorSettingChanged();
     void OnTemperatureChanged();
     void OnSpaceChanged();

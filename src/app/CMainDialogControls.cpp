@@ -137,15 +137,72 @@ void CMainDialog::FillColorCombos(UiDisplayDelegate& display_I) {
     }
 }
 
-void CMainDialog::UpdateSlider(ESlider slider_I, SControlState state_I, int32_t fallback_I) {
+void CMainDialog::PostToDisplay(DisplayJob job_I, CDisplayWorker::Job done_I) {
+    CDisplayConfigInterface* config = mDisplayConfigIF.get();
+    mWorker->Post(
+        [config, job = std::move(job_I)] {
+            if (config == nullptr) {
+                return;
+            }
+            if (std::shared_ptr<UiDisplayDelegate> display = config->CurrentDisplay()) {
+                job(*display);
+            }
+        },
+        std::move(done_I));
+}
+
+// The reads in the order the controls have always made them.
+CMainDialog::SControlsView CMainDialog::ReadControls(UiDisplayDelegate& display_I) {
+    SControlsView view;
+    view.read = true;
+    view.brightness = display_I.BrightnessStatus();
+    if (view.brightness.visible && view.brightness.enabled) {
+        view.brightnessRange = display_I.GetBrightness();
+    }
+    view.contrast = display_I.ContrastStatus();
+    if (view.contrast.visible && view.contrast.enabled) {
+        view.contrastRange = display_I.GetContrast();
+    }
+    view.colorSetting = display_I.ColorSettingStatus();
+    if (view.colorSetting.visible) {
+        view.colorSettingValue = display_I.GetColorSetting().value;
+    }
+    view.temperature = display_I.ColorTemperatureStatus();
+    if (view.temperature.visible) {
+        view.temperatureValue = display_I.GetColorTemperature().value;
+    }
+    view.space = display_I.ColorSpaceStatus();
+    if (view.space.visible) {
+        const SUserValue<EColorSpace> space = display_I.GetColorSpace();
+        if (!space.valid) {
+            Trace("WARNING: Color space is NOT valid!\n");
+        }
+        view.spaceValue = space.value;
+    }
+    view.customColor = display_I.CustomColorStatus();
+    if (view.customColor.visible) {
+        view.rgbText = display_I.GetRGBText();
+    }
+    view.resetColor = display_I.ResetColorStatus();
+    view.gamma = display_I.GammaStatus();
+    if (view.gamma.visible) {
+        view.gammaValue = display_I.GetGamma().value;
+    }
+    view.saveRevert = ReadSaveRevert(display_I);
+    return view;
+}
+
+CMainDialog::SSaveRevertView CMainDialog::ReadSaveRevert(UiDisplayDelegate& display_I) {
+    return {true, display_I.SaveStatus(), display_I.RevertStatus()};
+}
+
+void CMainDialog::UpdateSlider(ESlider slider_I, SControlState state_I, SVCPResult range_I,
+                               int32_t fallback_I) {
     SSliderPair& pair = slider_I == eBrightnessSlider ? mBrightnessPair : mContrastPair;
-    std::shared_ptr<UiDisplayDelegate> display = Display();
     ApplyState(state_I, {pair.label, pair.edit, pair.slider});
     if (state_I.visible && state_I.enabled) {
-        const SVCPResult range =
-            slider_I == eBrightnessSlider ? display->GetBrightness() : display->GetContrast();
-        *pair.stored = range.value;
-        pair.slider->setRange(range.minimum, range.maximum);
+        *pair.stored = range_I.value;
+        pair.slider->setRange(range_I.minimum, range_I.maximum);
     } else {
         *pair.stored = fallback_I;
     }
@@ -154,72 +211,132 @@ void CMainDialog::UpdateSlider(ESlider slider_I, SControlState state_I, int32_t 
     pair.edit->setText(QString::number(*pair.stored));
 }
 
-void CMainDialog::SetRgbLabel(UiDisplayDelegate& display_I) {
-    mRgbLabel->setText(Text(kRgbLabelId) + QString::fromStdWString(display_I.GetRGBText()));
-}
-
-void CMainDialog::UpdateControls() {
-    SettleDisplay();
+void CMainDialog::ShowControls(const SControlsView& view_I) {
     std::shared_ptr<UiDisplayDelegate> display = Display();
-    if (!display) {
+    if (!view_I.read || !display) {
         return;
     }
     FillColorCombos(*display);
-    UpdateSlider(eBrightnessSlider, display->BrightnessStatus(), kBrightnessFallback);
-    UpdateSlider(eContrastSlider, display->ContrastStatus(), kContrastFallback);
-
-    SControlState state = display->ColorSettingStatus();
-    ApplyState(state, {mColorSettingLabel, mColorGroup, mColorSettingCombo.Combo()});
-    if (state.visible) {
-        mColorSettingCombo.Select(display->GetColorSetting().value);
+    UpdateSlider(eBrightnessSlider, view_I.brightness, view_I.brightnessRange, kBrightnessFallback);
+    UpdateSlider(eContrastSlider, view_I.contrast, view_I.contrastRange, kContrastFallback);
+    ApplyState(view_I.colorSetting, {mColorSettingLabel, mColorGroup, mColorSettingCombo.Combo()});
+    if (view_I.colorSetting.visible) {
+        mColorSettingCombo.Select(view_I.colorSettingValue);
     }
-    state = display->ColorTemperatureStatus();
-    ApplyState(state, {mTemperatureLabel, mTemperatureCombo.Combo()});
-    if (state.visible) {
-        mTemperatureCombo.Select(display->GetColorTemperature().value);
+    ApplyState(view_I.temperature, {mTemperatureLabel, mTemperatureCombo.Combo()});
+    if (view_I.temperature.visible) {
+        mTemperatureCombo.Select(view_I.temperatureValue);
     }
-    state = display->ColorSpaceStatus();
-    ApplyState(state, {mSpaceLabel, mSpaceCombo.Combo()});
-    if (state.visible) {
-        const SUserValue<EColorSpace> space = display->GetColorSpace();
-        if (!space.valid) {
-            Trace("WARNING: Color space is NOT valid!\n");
-        }
-        mSpaceCombo.Select(space.value);
+    ApplyState(view_I.space, {mSpaceLabel, mSpaceCombo.Combo()});
+    if (view_I.space.visible) {
+        mSpaceCombo.Select(view_I.spaceValue);
     }
-    state = display->CustomColorStatus();
-    ApplyState(state, {mSetButton, mRgbLabel});
-    if (state.visible) {
-        SetRgbLabel(*display);
+    ApplyState(view_I.customColor, {mSetButton, mRgbLabel});
+    if (view_I.customColor.visible) {
+        mRgbLabel->setText(Text(kRgbLabelId) + QString::fromStdWString(view_I.rgbText));
     } else {
         mRgbLabel->clear();
     }
-    ApplyState(display->ResetColorStatus(), {mResetColorButton});
-    state = display->GammaStatus();
-    ApplyState(state, {mGammaLabel, mGammaCombo.Combo()});
-    if (state.visible) {
-        mGammaCombo.Select(display->GetGamma().value);
+    ApplyState(view_I.resetColor, {mResetColorButton});
+    ApplyState(view_I.gamma, {mGammaLabel, mGammaCombo.Combo()});
+    if (view_I.gamma.visible) {
+        mGammaCombo.Select(view_I.gammaValue);
     }
-    UpdateSaveRevert();
+    ShowSaveRevert(view_I.saveRevert);
+}
+
+void CMainDialog::ShowSaveRevert(const SSaveRevertView& view_I) {
+    ApplyState(SControlState::Usable(), {mAdvancedButton});
+    if (view_I.read) {
+        ApplyState(view_I.save, {mSaveButton});
+        ApplyState(view_I.revert, {mRevertButton});
+    }
+}
+
+void CMainDialog::UpdateControls() {
+    auto view = std::make_shared<SControlsView>();
+    PostToDisplay([view](UiDisplayDelegate& display) { *view = ReadControls(display); },
+                  [this, view] { ShowControls(*view); });
 }
 
 void CMainDialog::UpdateSaveRevert() {
-    SettleDisplay();
-    std::shared_ptr<UiDisplayDelegate> display = Display();
-    ApplyState(SControlState::Usable(), {mAdvancedButton});
-    if (display) {
-        ApplyState(display->SaveStatus(), {mSaveButton});
-        ApplyState(display->RevertStatus(), {mRevertButton});
+    auto view = std::make_shared<SSaveRevertView>();
+    PostToDisplay([view](UiDisplayDelegate& display) { *view = ReadSaveRevert(display); },
+                  [this, view] { ShowSaveRevert(*view); });
+}
+
+void CMainDialog::ReportError(const SWritten& written_I) {
+    if (!written_I.ok) {
+        ShowCommunicationError(false, written_I.error);
     }
 }
 
-bool CMainDialog::ApplySlider(ESlider slider_I, int32_t value_I) {
-    std::shared_ptr<UiDisplayDelegate> display = Display();
-    if (!display) {
-        return false;
+void CMainDialog::WriteThenShow(std::function<bool(UiDisplayDelegate&)> write_I, bool all_I,
+                                CDisplayWorker::Job beforeShow_I) {
+    auto written = std::make_shared<SWritten>();
+    auto view = std::make_shared<SControlsView>();
+    PostToDisplay(
+        [write = std::move(write_I), written, view, all_I](UiDisplayDelegate& display) {
+            written->ok = write(display);
+            if (!written->ok) {
+                written->error = display.GetLastErrorText();
+            }
+            if (all_I) {
+                *view = ReadControls(display);
+            } else {
+                view->saveRevert = ReadSaveRevert(display);
+            }
+        },
+        [this, written, view, all_I, beforeShow = std::move(beforeShow_I)] {
+            ReportError(*written);
+            if (beforeShow) {
+                beforeShow();
+            }
+            if (all_I) {
+                ShowControls(*view);
+            } else {
+                ShowSaveRevert(view->saveRevert);
+            }
+        });
+}
+
+void CMainDialog::WriteLevel(ESlider slider_I, int32_t value_I, std::function<void(bool)> then_I) {
+    const int32_t brightness = slider_I == eBrightnessSlider ? value_I : mBrightness;
+    const int32_t contrast = slider_I == eContrastSlider ? value_I : mContrast;
+    auto written = std::make_shared<SWritten>();
+    PostToDisplay(
+        [written, slider_I, value_I, brightness, contrast](UiDisplayDelegate& display) {
+            written->ok = slider_I == eBrightnessSlider ? display.SetBrightness(value_I)
+                                                        : display.SetContrast(value_I);
+            if (!written->ok) {
+                written->error = display.GetLastErrorText();
+            }
+            written->tooDark = display.IsTooDark(brightness, contrast);
+        },
+        [this, written, then = std::move(then_I)] {
+            ReportError(*written);
+            if (then) {
+                then(written->tooDark);
+            }
+        });
+}
+
+void CMainDialog::KeepLevel(ESlider slider_I, int32_t value_I, bool tooDark_I, bool fromSlider_I) {
+    SSliderPair& pair = slider_I == eBrightnessSlider ? mBrightnessPair : mContrastPair;
+    mBusy = true;
+    const bool keep = !tooDark_I || ConfirmTooDark(this);
+    mBusy = false;
+    if (keep) {
+        *pair.stored = value_I;
+        UpdateSaveRevert();
+        return;
     }
-    return slider_I == eBrightnessSlider ? display->SetBrightness(value_I)
-                                         : display->SetContrast(value_I);
+    if (fromSlider_I) {
+        pair.slider->setSliderPosition(*pair.stored);
+    }
+    pair.slider->setValue(*pair.stored);
+    pair.edit->setText(QString::number(*pair.stored));
+    WriteLevel(slider_I, *pair.stored, nullptr);
 }
 
 void CMainDialog::OnSliderAction(ESlider slider_I, int action_I) {
@@ -252,123 +369,69 @@ void CMainDialog::LiveEvent(ESlider slider_I, int32_t value_I) {
     if (!display) {
         return;
     }
-    auto written = std::make_shared<bool>(true);
+    auto written = std::make_shared<SWritten>();
     mWorker->Post(
         [display, slider_I, value_I, written] {
-            *written = slider_I == eBrightnessSlider ? display->SetBrightness(value_I)
-                                                     : display->SetContrast(value_I);
-        },
-        [this, written] {
-            if (!*written) {
-                ShowCommunicationError(false);
+            written->ok = slider_I == eBrightnessSlider ? display->SetBrightness(value_I)
+                                                        : display->SetContrast(value_I);
+            if (!written->ok) {
+                written->error = display->GetLastErrorText();
             }
         },
-        slider_I);
+        [this, written] { ReportError(*written); }, slider_I);
 }
 
 void CMainDialog::CommitEvent(ESlider slider_I, int32_t value_I) {
-    SettleDisplay();
     SSliderPair& pair = slider_I == eBrightnessSlider ? mBrightnessPair : mContrastPair;
     if (value_I == *pair.stored || mBusy) {
         return;
     }
-    mBusy = true;
-    if (!ApplySlider(slider_I, value_I)) {
-        ShowCommunicationError(false);
-    }
     pair.edit->setText(QString::number(value_I));
-    if (ConfirmDarkSettings(slider_I, value_I)) {
-        *pair.stored = value_I;
-        UpdateSaveRevert();
-        mBusy = false;
-        return;
-    }
-    pair.slider->setSliderPosition(*pair.stored);
-    pair.slider->setValue(*pair.stored);
-    pair.edit->setText(QString::number(*pair.stored));
-    if (!ApplySlider(slider_I, *pair.stored)) {
-        ShowCommunicationError(false);
-    }
-    mBusy = false;
+    // Set until the question is answered: a commit meanwhile is dropped, as while the box runs.
+    mBusy = true;
+    WriteLevel(slider_I, value_I, [this, slider_I, value_I](bool tooDark) {
+        KeepLevel(slider_I, value_I, tooDark, true);
+    });
 }
 
-void CMainDialog::CommitBrightnessEdit() {
-    SettleDisplay();
-    std::shared_ptr<UiDisplayDelegate> display = Display();
-    if (!display) {
-        return;
-    }
-    const SVCPResult range = display->GetBrightness();
-    VRX_ASSERT(range.valid);
-    if (!range.valid) {
-        return;
-    }
-    bool number = false;
-    const int read = mBrightnessPair.edit->text().toInt(&number);
-    const int32_t value = std::clamp(number ? read : 0, range.minimum, range.maximum);
-    if (value != (number ? read : 0)) {
-        mBrightnessPair.edit->setText(QString::number(value));
-    }
-    mBrightnessPair.slider->setValue(value);
-    if (!display->SetBrightness(value)) {
-        ShowCommunicationError(false);
-    }
-    if (ConfirmDarkSettings(eBrightnessSlider, value)) {
-        mBrightness = value;
-        UpdateSaveRevert();
-        return;
-    }
-    mBrightnessPair.slider->setValue(mBrightness);
-    mBrightnessPair.edit->setText(QString::number(mBrightness));
-    if (!display->SetBrightness(mBrightness)) {
-        ShowCommunicationError(false);
-    }
-}
-
-// Unlike brightness: bad text reads as the display's value, the edit is rewritten when the
-// value equals the display's, and the bottom buttons are re-evaluated whatever the outcome.
-void CMainDialog::CommitContrastEdit() {
-    SettleDisplay();
-    std::shared_ptr<UiDisplayDelegate> display = Display();
-    if (!display) {
-        return;
-    }
-    const SVCPResult range = display->GetContrast();
-    VRX_ASSERT(range.valid);
-    if (!range.valid) {
-        return;
-    }
-    bool number = false;
-    int read = mContrastPair.edit->text().toInt(&number);
-    if (!number) {
-        read = range.value;
-    }
-    const int32_t value = std::clamp(read, range.minimum, range.maximum);
-    if (value != read || read == range.value) {
-        mContrastPair.edit->setText(QString::number(value));
-    }
-    mContrastPair.slider->setValue(value);
-    if (!display->SetContrast(value)) {
-        ShowCommunicationError(false);
-    }
-    if (ConfirmDarkSettings(eContrastSlider, value)) {
-        mContrast = value;
-        UpdateSaveRevert();
-    } else {
-        mContrastPair.slider->setValue(mContrast);
-        mContrastPair.edit->setText(QString::number(mContrast));
-        if (!display->SetContrast(mContrast)) {
-            ShowCommunicationError(false);
-        }
-    }
-    UpdateSaveRevert();
-}
-
-bool CMainDialog::ConfirmDarkSettings(ESlider slider_I, int32_t value_I) {
-    std::shared_ptr<UiDisplayDelegate> display = Display();
-    const int32_t brightness = slider_I == eBrightnessSlider ? value_I : mBrightness;
-    const int32_t contrast = slider_I == eContrastSlider ? value_I : mContrast;
-    return !display || !display->IsTooDark(brightness, contrast) || ConfirmTooDark(this);
+// Bad text reads as 0 for brightness but as the display's value for contrast; the contrast edit
+// is also rewritten when the value equals the display's, and re-evaluates the bottom buttons
+// whatever the outcome.
+void CMainDialog::CommitEdit(ESlider slider_I, bool select_I) {
+    auto range = std::make_shared<SVCPResult>();
+    PostToDisplay(
+        [range, slider_I](UiDisplayDelegate& display) {
+            *range =
+                slider_I == eBrightnessSlider ? display.GetBrightness() : display.GetContrast();
+        },
+        [this, range, slider_I, select_I] {
+            VRX_ASSERT(range->valid);
+            if (!range->valid) {
+                return;
+            }
+            const bool brightness = slider_I == eBrightnessSlider;
+            SSliderPair& pair = brightness ? mBrightnessPair : mContrastPair;
+            bool number = false;
+            int read = pair.edit->text().toInt(&number);
+            if (!number) {
+                read = brightness ? 0 : range->value;
+            }
+            const int32_t value = std::clamp(read, range->minimum, range->maximum);
+            if (value != read || (!brightness && read == range->value)) {
+                pair.edit->setText(QString::number(value));
+            }
+            pair.slider->setValue(value);
+            WriteLevel(slider_I, value,
+                       [this, slider_I, value, brightness, select_I](bool tooDark) {
+                           KeepLevel(slider_I, value, tooDark, false);
+                           if (!brightness) {
+                               UpdateSaveRevert();
+                           }
+                           if (select_I) {
+                               (brightness ? mBrightnessPair : mContrastPair).edit->selectAll();
+                           }
+                       });
+        });
 }
 
 bool CMainDialog::ConfirmTooDark(QWidget* asker_I) {
@@ -388,39 +451,39 @@ bool CMainDialog::ConfirmTooDark(QWidget* asker_I) {
 }
 
 void CMainDialog::OnColorSettingChanged() {
-    SettleDisplay();
-    if (!Display()->SetColorSetting(mColorSettingCombo.Selected())) {
-        ShowCommunicationError(false);
-    }
-    UpdateControls();
+    const EColorSetting value = mColorSettingCombo.Selected();
+    WriteThenShow([value](UiDisplayDelegate& display) { return display.SetColorSetting(value); },
+                  true);
 }
 
 void CMainDialog::OnTemperatureChanged() {
-    SettleDisplay();
-    if (!Display()->SetColorTemperature(mTemperatureCombo.Selected())) {
-        ShowCommunicationError(false);
-    }
-    UpdateControls();
+    const EColorTemperature value = mTemperatureCombo.Selected();
+    WriteThenShow(
+        [value](UiDisplayDelegate& display) { return display.SetColorTemperature(value); }, true);
 }
 
+// A colour-managed display keeps its "unused" row until it stops being colour-managed.
 void CMainDialog::OnSpaceChanged() {
-    SettleDisplay();
-    std::shared_ptr<UiDisplayDelegate> display = Display();
-    if (!display->SetColorSpace(mSpaceCombo.Selected())) {
-        ShowCommunicationError(false);
-    }
-    if (mSpaceCombo.Has(eColorSpace_Unused) && !display->IsColorManaged()) {
-        mSpaceCombo.Remove(eColorSpace_Unused);
-    }
-    UpdateControls();
+    const EColorSpace value = mSpaceCombo.Selected();
+    const bool hasUnused = mSpaceCombo.Has(eColorSpace_Unused);
+    auto managed = std::make_shared<bool>(true);
+    WriteThenShow(
+        [value, hasUnused, managed](UiDisplayDelegate& display) {
+            const bool written = display.SetColorSpace(value);
+            *managed = !hasUnused || display.IsColorManaged();
+            return written;
+        },
+        true,
+        [this, managed] {
+            if (!*managed) {
+                mSpaceCombo.Remove(eColorSpace_Unused);
+            }
+        });
 }
 
 void CMainDialog::OnGammaChanged() {
-    SettleDisplay();
-    if (!Display()->SetGamma(mGammaCombo.Selected())) {
-        ShowCommunicationError(false);
-    }
-    UpdateSaveRevert();
+    const int32_t value = mGammaCombo.Selected();
+    WriteThenShow([value](UiDisplayDelegate& display) { return display.SetGamma(value); }, false);
 }
 
 void CMainDialog::OnSet() {
@@ -430,31 +493,37 @@ void CMainDialog::OnSet() {
         return;
     }
     if (mSecondary->RunColorDialog(QApplication::activeWindow())) {
-        if (std::shared_ptr<UiDisplayDelegate> display = Display()) {
-            SetRgbLabel(*display);
-        }
+        auto text = std::make_shared<std::wstring>();
+        PostToDisplay([text](UiDisplayDelegate& display) { *text = display.GetRGBText(); },
+                      [this, text] {
+                          mRgbLabel->setText(Text(kRgbLabelId) + QString::fromStdWString(*text));
+                      });
     }
 }
 
 void CMainDialog::OnSave() {
-    SettleDisplay();
-    if (!Display()->SaveSettings()) {
-        ShowCommunicationError(false);
-    }
-    UpdateSaveRevert();
+    WriteThenShow([](UiDisplayDelegate& display) { return display.SaveSettings(); }, false);
 }
 
 void CMainDialog::OnRevert() {
-    SettleDisplay();
-    const bool reverted = Display()->RevertSettings();
-    UpdateControls();
-    if (mSecondary->AdvancedExists()) {
-        mSecondary->RefreshAdvanced();
-    }
-    UpdateSaveRevert();
-    if (!reverted) {
-        ShowCommunicationError(false);
-    }
+    auto written = std::make_shared<SWritten>();
+    auto view = std::make_shared<SControlsView>();
+    PostToDisplay(
+        [written, view](UiDisplayDelegate& display) {
+            written->ok = display.RevertSettings();
+            if (!written->ok) {
+                written->error = display.GetLastErrorText();
+            }
+            *view = ReadControls(display);
+        },
+        [this, written, view] {
+            ShowControls(*view);
+            if (mSecondary->AdvancedExists()) {
+                mSecondary->RefreshAdvanced();
+            }
+            UpdateSaveRevert();
+            ReportError(*written);
+        });
 }
 
 void CMainDialog::OnAdvanced() {

@@ -43,25 +43,24 @@ void CMainDialog::SettleDisplay() {
 // The reset reaches the display through the display list alone; the controls are rebuilt from
 // the re-read options once it is done.
 void CMainDialog::DoResetColor() {
-    SettleDisplay();
-    CDisplayConfigInterface* config = mDisplayConfigIF.get();
-    mWorker->Post([config] {
-        if (std::shared_ptr<UiDisplayDelegate> display = config->CurrentDisplay()) {
-            display->SetResetColor();
-        }
-    });
-    mWorker->Post(
-        [config] {
-            if (std::shared_ptr<UiDisplayDelegate> display = config->CurrentDisplay()) {
-                display->ResetOptions(true);
-            }
+    auto view = std::make_shared<SControlsView>();
+    auto rgbText = std::make_shared<std::wstring>();
+    PostToDisplay([](UiDisplayDelegate& display) { display.SetResetColor(); }, {});
+    PostToDisplay(
+        [view, rgbText](UiDisplayDelegate& display) {
+            display.ResetOptions(true);
+            *view = ReadControls(display);
+            display.GetCustomRGBColorMod(false);
+            *rgbText = display.GetRGBText();
         },
-        [this] { UpdateControls(); });
+        [this, view, rgbText] {
+            ShowControls(*view);
+            if (!view->read) {
+                return;
+            }
+            mRgbLabel->setText(Text(kRgbLabelId) + QString::fromStdWString(*rgbText));
+        });
     WaitBehindWaitWindow();
-    if (std::shared_ptr<UiDisplayDelegate> display = Display()) {
-        display->GetCustomRGBColorMod(false);
-        mRgbLabel->setText(Text(kRgbLabelId) + QString::fromStdWString(display->GetRGBText()));
-    }
 }
 
 bool CMainDialog::ConfirmFactoryReset() {

@@ -93,6 +93,10 @@ void CSecondaryDialogs::Place(const QRect& mainRect_I) {
     }
 }
 
+void CSecondaryDialogs::SettleDisplay() {
+    mMainDialog.Worker().WaitIdle();
+}
+
 void CSecondaryDialogs::UpdateControls() {
     mMainDialog.UpdateControls();
 }

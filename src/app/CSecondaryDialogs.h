@@ -33,6 +33,7 @@ public:
     void CloseAdvanced() override;
     void Place(const QRect& mainRect_I) override;
 
+    void SettleDisplay() override;
     void UpdateControls() override;
     void UpdateSaveRevert() override;
     void ShowCommunicationError(bool exit_I) override;

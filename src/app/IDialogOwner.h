@@ -11,6 +11,9 @@ class IDialogOwner {
 public:
     virtual ~IDialogOwner() = default;
 
+    // Returns once the worker has no display call left, so that the caller may use the session
+    // on this thread.
+    virtual void SettleDisplay() = 0;
     // Rebuild every control of the main dialog from the display.
     virtual void UpdateControls() = 0;
     // Re-evaluate Save, Revert and Reset Color.

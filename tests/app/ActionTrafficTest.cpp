@@ -1,10 +1,12 @@
-// What each user action sends to the display, frame by frame, compared with a record taken before
-// the display calls moved off the GUI thread. Moving work between threads must not change what
-// reaches the wire. PANELTUNE_RECORD_TRAFFIC=<file> writes a new record instead of comparing.
+// What each user action of the three dialogs sends to the display, frame by frame, compared with a
+// record taken before the display calls moved off the GUI thread. Moving work between threads must
+// not change what reaches the wire. PANELTUNE_RECORD_TRAFFIC=<file> writes a new record instead of
+// comparing.
 
 #include "DialogHarness.h"
 
 #include <QFile>
+#include <QRadioButton>
 #include <QTextStream>
 #include <QtTest/QTest>
 
@@ -45,6 +47,27 @@ std::map<QString, QString> ReadRecord(const QString& path_I) {
 TEST_F(DialogTest, EveryActionSendsTheRecordedFrames) {
     const auto press = [this](const char* button) { Find<QPushButton>(button)->click(); };
     QSlider* brightness = nullptr;
+    QDialog* advanced = nullptr;
+    // Clicks the radio button of a pair that is not checked.
+    const auto toggle = [&](const char* pair) {
+        for (QRadioButton* button : Find<QWidget>(pair, advanced)->findChildren<QRadioButton*>()) {
+            if (!button->isChecked()) {
+                button->click();
+                return;
+            }
+        }
+    };
+    const auto next = [&](const char* combo) {
+        QComboBox* box = Find<QComboBox>(combo, advanced);
+        Choose(combo, (box->currentIndex() + 1) % box->count(), advanced);
+    };
+    const auto colour = [&](const char* edit, const char* text, int attribute, const char* end) {
+        RunColorDialog([&](QDialog& color) {
+            Choose("attribute", attribute, &color);
+            Enter(edit, text, &color);
+            Find<QPushButton>(end, &color)->click();
+        });
+    };
     const SAction actions[] = {
         {"brightness key step",
          [&] { brightness->triggerAction(QAbstractSlider::SliderSingleStepAdd); }},
@@ -64,7 +87,15 @@ TEST_F(DialogTest, EveryActionSendsTheRecordedFrames) {
         {"contrast edit again", [&] { Enter("contrastEdit", "47"); }},
         {"revert", [&] { press("revertButton"); }},
         {"colour reset", [&] { Dialog().DoResetColor(); }},
+        {"colour dialog cancel", [&] { colour("redEdit", "7", eColorMod_Offset, "cancel"); }},
+        {"colour dialog ok", [&] { colour("blueEdit", "77", eColorMod_Gain, "ok"); }},
+        {"advanced open", [&] { advanced = &OpenAdvanced(); }},
+        {"aspect ratio", [&] { next("aspectRatio"); }},
         {"display switch", [&] { Choose("displayCombo", 1); }},
+        {"dynamic contrast", [&] { toggle("dynamicContrast"); }},
+        {"fan speed", [&] { next("fanSpeed"); }},
+        {"auto power down", [&] { toggle("autoPowerDown"); }},
+        {"advanced cancel", [&] { Find<QPushButton>("cancel", advanced)->click(); }},
         {"factory reset", [&] { Dialog().DoFactoryReset(true); }},
     };
     ASSERT_TRUE(Start("Birch@ftdi,ElmLarge@video"));

@@ -1,6 +1,6 @@
 #include "app/CDisplayWorker.h"
 
-#include "DialogTestSupport.h"
+#include "DialogHarness.h"
 
 #include <QThread>
 
@@ -27,7 +27,7 @@ struct SCoalescingCase {
 // A slow display: the first job waits on a gate until every other job is posted, as a write on
 // a slow channel does while a slider drag goes on.
 TEST(CDisplayWorkerTest, WhileAJobIsOnTheWireOnlyTheLatestOfAKeyWaits) {
-    EnsureTestApplication();
+    TestApplication();
     const SCoalescingCase cases[] = {
         {"a drag keeps only its last value", {{0, 1}, {0, 2}, {0, 3}}, {0, 3}},
         {"other keys keep their order", {{1, 10}, {0, 1}, {1, 11}}, {0, 10, 1, 11}},

@@ -5,16 +5,6 @@
 
 namespace {
 
-TEST(ColorNotationTest, BlackHasFullKeyAndNoInks) {
-    const SCustomColor black =
-        ApplyComponent(SCustomColor::FromRGB(0, 9, 0), eColorSlider_Green, 0);
-    EXPECT_EQ(ComponentValue(black, eColorSlider_Cyan), 0);
-    EXPECT_EQ(ComponentValue(black, eColorSlider_Magenta), 0);
-    EXPECT_EQ(ComponentValue(black, eColorSlider_Yellow), 0);
-    EXPECT_EQ(ComponentValue(black, eColorSlider_Black), 1000);
-    EXPECT_EQ(CmykEditText(ComponentValue(black, eColorSlider_Black)), L"1.000");
-}
-
 TEST(ColorNotationTest, ComponentsChangeThroughTheirOwnNotation) {
     const SCustomColor start = SCustomColor::FromRGB(200, 100, 50);
     // A change of red keeps green and blue and recomputes the inks.
@@ -23,6 +13,7 @@ TEST(ColorNotationTest, ComponentsChangeThroughTheirOwnNotation) {
     EXPECT_EQ(red.green, 100);
     EXPECT_EQ(red.blue, 50);
     EXPECT_EQ(ComponentValue(red, eColorSlider_Yellow), 500);
+    EXPECT_EQ(ApplyComponent(start, eColorSlider_Red, 300).red, 255);
     // Black at 600 thousandths scales every component to 40 percent.
     const SCustomColor grey =
         ApplyComponent(SCustomColor::FromRGB(255, 255, 255), eColorSlider_Black, 600);
@@ -34,6 +25,13 @@ TEST(ColorNotationTest, ComponentsChangeThroughTheirOwnNotation) {
         CmykEditText(ComponentValue(SCustomColor::FromRGB(102, 102, 102), eColorSlider_Black)),
         L"0.600");
     EXPECT_EQ(ApplyComponent(start, eColorSlider_Count, 5), start);
+    // Black has the full key and no inks.
+    const SCustomColor black =
+        ApplyComponent(SCustomColor::FromRGB(0, 9, 0), eColorSlider_Green, 0);
+    for (EColorSlider ink : {eColorSlider_Cyan, eColorSlider_Magenta, eColorSlider_Yellow}) {
+        EXPECT_EQ(ComponentValue(black, ink), 0);
+    }
+    EXPECT_EQ(CmykEditText(ComponentValue(black, eColorSlider_Black)), L"1.000");
 }
 
 TEST(ColorNotationTest, HexTextsPadAsEachPathDoes) {

@@ -6,6 +6,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTimer>
 #include <QtTest/QTest>
 
 #include <atomic>
@@ -45,14 +46,9 @@ int CTestMainDialog::ExecModal(QDialog& window_I, EModal kind_I) {
             text += label->text() + QLatin1Char('\n');
         }
     }
-    const bool first = Count(kind_I) == 0;
     mShown.push_back({kind_I, text});
-    if (!mScreenshotPrefix.empty() && first) {
-        window_I.show();
-        static const char* const kNames[] = {"dark-question", "factory-reset-question",
-                                             "communication-error", "error-window",
-                                             "not-supported-window"};
-        SaveScreenshot(window_I, mScreenshotPrefix + kNames[static_cast<int>(kind_I)]);
+    if (mOnWindow) {
+        mOnWindow();
     }
     const auto answer = mAnswers.find(kind_I);
     if (answer != mAnswers.end()) {
@@ -64,11 +60,11 @@ int CTestMainDialog::ExecModal(QDialog& window_I, EModal kind_I) {
     return kind_I == EModal::eFactoryResetQuestion ? int{QMessageBox::Ok} : int{QDialog::Accepted};
 }
 
-void CTestMainDialog::WaitWindowShown(QWidget& window_I) {
-    if (!mScreenshotPrefix.empty() && mWaitWindowsShown == 0) {
-        SaveScreenshot(window_I, mScreenshotPrefix + "wait-window");
-    }
+void CTestMainDialog::WaitWindowShown(QWidget&) {
     ++mWaitWindowsShown;
+    if (mOnWindow) {
+        mOnWindow();
+    }
 }
 
 void DialogTest::SetUp() {
@@ -96,23 +92,27 @@ bool DialogTest::Start(const std::string& description_I, const std::string& lang
         return false;
     }
     mPlatform->SetMakerSystem(makerSystem_I);
-    SDisplayConfigOptions options;
-    options.language = LanguageProvider(language_I);
+    mOptions = SDisplayConfigOptions{};
+    mOptions.language = LanguageProvider(language_I);
     SMainDialogEnvironment environment;
     environment.platform = mPlatform;
     environment.instanceName = QStringLiteral("paneltune-test-%1-%2").arg(getpid()).arg(++counter);
-    mDialog = std::make_unique<CTestMainDialog>(options, environment);
+    mDialog = std::make_unique<CTestMainDialog>(mOptions, environment);
     // No timer is waited for: an unanswered dark question closes at the next turn of events.
     mDialog->SetDarkQuestionTimeout(0);
-    return mDialog->OnInitDialog();
+    const bool started = mDialog->OnInitDialog();
+    Settle();
+    return started;
 }
 
 int DialogTest::ScalerValue(size_t display_I, uint8_t code_I) {
+    Settle();
     const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Current(code_I);
     return value ? *value : -1;
 }
 
 int DialogTest::ScalerSaved(size_t display_I, uint8_t code_I) {
+    Settle();
     const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Saved(code_I);
     return value ? *value : -1;
 }
@@ -121,16 +121,58 @@ QSettings DialogTest::StoredSettings() {
     return QSettings(QStringLiteral("Vorex"), QStringLiteral("OSD"));
 }
 
-void DialogTest::Choose(const char* combo_I, int row_I) {
-    QComboBox* combo = Find<QComboBox>(combo_I);
-    combo->setCurrentIndex(row_I);
-    emit combo->activated(row_I);
+QDialog& DialogTest::OpenAdvanced() {
+    Find<QPushButton>("advancedButton")->click();
+    Settle();
+    return *Find<QDialog>("advancedDialog");
 }
 
-void DialogTest::Enter(const char* edit_I, const QString& text_I) {
-    QLineEdit* edit = Find<QLineEdit>(edit_I);
+void DialogTest::RunColorDialog(const std::function<void(QDialog&)>& during_I) {
+    Choose("colorSettingCombo", static_cast<int>(Rows("colorSettingCombo").size()) - 1);
+    bool ran = false;
+    QTimer::singleShot(0, [&] {
+        auto* color = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(color, nullptr);
+        during_I(*color);
+        ran = true;
+        if (color->isVisible()) {
+            color->reject();
+        }
+    });
+    if (Shown("setButton")) {
+        Find<QPushButton>("setButton")->click();
+    } else {
+        // Models without a custom row get the colour dialog the way the main dialog would
+        // prepare it.
+        Current().LoadColorMods(eColorMod_Gain);
+        Current().SelectColorMod(eColorMod_Gain);
+        Current().GetCustomRGBColorMod(false);
+        mDialog->SecondaryDialogs()->RunColorDialog(mDialog.get());
+    }
+    Settle();
+    EXPECT_TRUE(ran);
+}
+
+void DialogTest::Choose(const char* combo_I, int row_I, QWidget* in_I) {
+    QComboBox* combo = Find<QComboBox>(combo_I, in_I);
+    combo->setCurrentIndex(row_I);
+    emit combo->activated(row_I);
+    Settle();
+}
+
+void DialogTest::Enter(const char* edit_I, const QString& text_I, QWidget* in_I) {
+    QLineEdit* edit = Find<QLineEdit>(edit_I, in_I);
     edit->setText(text_I);
     QTest::keyClick(edit, Qt::Key_Return);
+    Settle();
+}
+
+void DialogTest::Drag(QSlider* slider_I, int position_I) {
+    slider_I->setSliderDown(true);
+    slider_I->setSliderPosition(position_I);
+    Settle();
+    slider_I->setSliderDown(false);
+    Settle();
 }
 
 void DialogTest::Settle() {

@@ -3,6 +3,8 @@
 // a temporary folder, a private single-instance name, and every question answered by the test.
 
 #include "app/CMainDialog.h"
+#include "app/IDialogOwner.h"
+#include "app/TickTimer.h"
 #include "foundation/VirtualClock.h"
 #include "model/UiDisplayDelegate.h"
 #include "platform/sim/CSimulatedPlatform.h"
@@ -19,6 +21,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -43,15 +46,39 @@ public:
     // Answers by kind. Without one the dark question runs its own loop, so that its timer
     // closes it, a factory reset is confirmed and the other windows are acknowledged.
     std::map<EModal, int> mAnswers;
-    // Prefix of the pictures to take of each kind of window once; empty takes none.
-    std::string mScreenshotPrefix;
     int mWaitWindowsShown = 0;
+    // Runs while a window of its own loop or the wait window is open.
+    std::function<void()> mOnWindow;
 
     size_t Count(EModal kind_I) const;
 
 protected:
     int ExecModal(QDialog& window_I, EModal kind_I) override;
     void WaitWindowShown(QWidget& window_I) override;
+};
+
+// A tick that fires only when the test says so.
+class CManualTickTimer final : public ITickTimer {
+public:
+    void SetCallback(std::function<void()> tick_I) override { mTick = std::move(tick_I); }
+    void Start(int intervalMs_I) override {
+        mActive = true;
+        interval = intervalMs_I;
+    }
+    void Stop() override { mActive = false; }
+    bool IsActive() const override { return mActive; }
+    // One tick, as the running timer would give it.
+    void Fire() {
+        if (mActive && mTick) {
+            mTick();
+        }
+    }
+
+    int interval = 0;
+
+private:
+    bool mActive = false;
+    std::function<void()> mTick;
 };
 
 class DialogTest : public ::testing::Test {
@@ -69,17 +96,27 @@ protected:
     int ScalerValue(size_t display_I, uint8_t code_I);
     int ScalerSaved(size_t display_I, uint8_t code_I);
     QSettings StoredSettings();
+    // What the main dialog is to the advanced and colour dialogs.
+    IDialogOwner& Owner() { return *dynamic_cast<IDialogOwner*>(mDialog->SecondaryDialogs()); }
+    // The advanced dialog as its button opens it.
+    QDialog& OpenAdvanced();
+    // Runs the colour dialog from "Set..." of the custom colour row; during_I acts in it.
+    void RunColorDialog(const std::function<void(QDialog&)>& during_I);
 
+    // A child of the main dialog, or of in_I.
     template <typename T>
-    T* Find(const char* name_I) {
-        T* child = mDialog->findChild<T*>(QString::fromLatin1(name_I));
+    T* Find(const char* name_I, QWidget* in_I = nullptr) {
+        QWidget* root = in_I != nullptr ? in_I : mDialog.get();
+        T* child = root->findChild<T*>(QString::fromLatin1(name_I));
         EXPECT_NE(child, nullptr) << name_I;
         return child;
     }
     // Chooses a row the way a user does.
-    void Choose(const char* combo_I, int row_I);
+    void Choose(const char* combo_I, int row_I, QWidget* in_I = nullptr);
     // Types into an edit and presses Enter.
-    void Enter(const char* edit_I, const QString& text_I);
+    void Enter(const char* edit_I, const QString& text_I, QWidget* in_I = nullptr);
+    // A slider dragged to a position and let go.
+    void Drag(QSlider* slider_I, int position_I);
     // Values of the rows of a combo, as text.
     QStringList Rows(const char* combo_I);
     bool Shown(const char* name_I);
@@ -87,6 +124,7 @@ protected:
     void Settle();
 
     CScopedVirtualClock mClock;
+    SDisplayConfigOptions mOptions;
     std::unique_ptr<QTemporaryDir> mSettingsFolder;
     std::shared_ptr<CSimulatedPlatform> mPlatform;
     std::unique_ptr<CTestMainDialog> mDialog;

@@ -12,6 +12,7 @@ class HotplugTest : public DialogTest {
 protected:
     // The changes settle only once the program's clock has moved on.
     void Settle(CHotplugWatcher& watcher_I) {
+        DialogTest::Settle();
         QCoreApplication::processEvents();
         EXPECT_FALSE(watcher_I.Poll());
         SleepMs(CHotplugWatcher::kSettleMs);

@@ -1,6 +1,6 @@
 #include "app/QtTranslations.h"
 
-#include "DialogTestSupport.h"
+#include "DialogHarness.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -18,7 +18,7 @@ struct STranslationCase {
 
 // The standard buttons come from Qt's catalogue of the program's language.
 TEST(QtTranslationsTest, StandardButtonsSpeakTheChosenLanguage) {
-    EnsureTestApplication();
+    TestApplication();
     const QDir folder(QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     if (!folder.exists(QStringLiteral("qtbase_de.qm"))) {
         GTEST_SKIP() << "Qt's translations are not installed (qt6-translations-l10n)";
