@@ -99,7 +99,6 @@ TEST(FrameLayerDP, FirmwareReplyIsCheckedByteByByte) {
     ByteVector badCheck = reply(0x02, 0x00, 0xC9, 0x00);
     badCheck.back() ^= 0x01;
     const SCase cases[] = {
-        {reply(0x02, 0x00, 0xC9, 0x00), v321},
         // A wrong check byte is traced and the reply read all the same.
         {badCheck, v321},
         {reply(0x02, 0x00, 0xC9, 0x02), {}},
@@ -114,21 +113,6 @@ TEST(FrameLayerDP, FirmwareReplyIsCheckedByteByByte) {
         EXPECT_EQ(connector.FWVersion(), c.version) << testing::PrintToString(c.reply);
         EXPECT_THAT(connector.sent, ElementsAre(BuildGetVCPFeature(0xC9)));
     }
-}
-
-TEST(FrameLayerDP, CapabilitiesTryTheTableReadFirst) {
-    CScriptedDP connector;
-    const std::string caps = "(vcp(10))";
-    ByteVector fragment = {0xE3, 0x00, 0x00};
-    fragment.insert(fragment.end(), caps.begin(), caps.end());
-    connector.replies = {BuildNullMessage(), BuildReplyFrame(fragment),
-                         BuildReplyFrame({0xE3, 0x00, 0x09})};
-    EXPECT_EQ(connector.CapabilitiesString(), caps);
-    EXPECT_THAT(connector.sent,
-                ElementsAre(BuildPrivateCapabilitiesRequest(0), BuildCapabilitiesRequest(0),
-                            BuildCapabilitiesRequest(9)));
-    EXPECT_FALSE(connector.Open(0L));
-    EXPECT_FALSE(connector.Open(std::string("COM1")));
 }
 
 } // namespace

@@ -60,26 +60,11 @@ TEST(TiConnector, LostCapabilityChunkDoesNotEndTheRead) {
     expected.erase(30, 30);
     EXPECT_EQ(caps,
               Connector::ExtractCapabilitiesString(ByteVector(expected.begin(), expected.end())));
-    const std::vector<ByteVector> requests = rig.RequestsOnWire();
+    const std::vector<ByteVector>& requests = rig.Tap().writes;
     EXPECT_EQ(std::count_if(requests.begin(), requests.end(),
                             [](const ByteVector& r) { return r.size() == 7 && r[4] == 0x6F; }),
               8)
         << "the size request and seven chunks";
-}
-
-TEST(TiConnector, OpenAndCloseFollowTheBridge) {
-    CScopedVirtualClock clock;
-    CSimDisplay display(*FindSimModel("CedarSmall"), "SN00000000001", 0);
-    CSimTiBridge bridge;
-    bridge.AddDevice(display.I2C());
-    CI2CConnectorTI connector(std::make_shared<CSimTiApi>(bridge));
-    EXPECT_FALSE(connector.Open(1L));
-    ASSERT_TRUE(connector.Open(0L));
-    EXPECT_TRUE(bridge.HasOpenDevice());
-    EXPECT_TRUE(connector.Close());
-    EXPECT_FALSE(connector.IsOpen());
-    EXPECT_FALSE(bridge.HasOpenDevice());
-    EXPECT_TRUE(connector.SendRequest(kGetLuminance, 0.07, 38, 0).empty());
 }
 
 } // namespace

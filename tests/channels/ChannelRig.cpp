@@ -10,10 +10,6 @@
 
 namespace {
 
-// The request frame inside a HID request report, from byte 5 on.
-constexpr size_t kHidFrameAt = 5;
-constexpr uint8_t kHidStatusKind = 0x00;
-
 std::string SerialFor(const char* model_I) {
     std::string serial = "SN" + ToUpper(model_I);
     serial.resize(13, '0');
@@ -23,8 +19,7 @@ std::string SerialFor(const char* model_I) {
 } // namespace
 
 CChannelRig::CChannelRig(const char* model_I, ESimChannel channel_I, std::string serial_I)
-    : mChannel(channel_I),
-      mDisplay(std::make_unique<CSimDisplay>(*FindSimModel(model_I),
+    : mDisplay(std::make_unique<CSimDisplay>(*FindSimModel(model_I),
                                              serial_I.empty() ? SerialFor(model_I) : serial_I,
                                              SimChannelBit(channel_I))),
       mTap(mDisplay->I2C()) {
@@ -65,25 +60,5 @@ CChannelRig::CChannelRig(const char* model_I, ESimChannel channel_I, std::string
         mOpened = mConnector->Open(std::string("ttyUSB0"));
         break;
     }
-    }
-}
-
-std::vector<ByteVector> CChannelRig::RequestsOnWire() const {
-    switch (mChannel) {
-    case ESimChannel::eHid: {
-        std::vector<ByteVector> frames;
-        for (const ByteVector& report : mHidPort->reports) {
-            if (report.size() > kHidFrameAt + 2 && report[2] != kHidStatusKind) {
-                const size_t size = 4 + (report[kHidFrameAt + 2] & 0x7F);
-                frames.emplace_back(report.begin() + kHidFrameAt,
-                                    report.begin() + static_cast<long>(kHidFrameAt + size));
-            }
-        }
-        return frames;
-    }
-    case ESimChannel::eSerial:
-        return mSerialPort->writes;
-    default:
-        return mTap.writes;
     }
 }

@@ -1,7 +1,6 @@
 #pragma once
 // One simulated display reached over one channel: the display, the front end of that channel,
-// the transport over it, and an opened connector. It also tells which request frames crossed
-// the wire.
+// the transport over it, and an opened connector.
 
 #include "I2CWireTap.h"
 
@@ -26,19 +25,15 @@ public:
     const std::shared_ptr<Connector>& GetConnector() const { return mConnector; }
     bool Opened() const { return mOpened; }
 
-    // Request frames in bus order, from the 6E on, as they crossed the wire; for HID the frame
-    // inside each request report.
-    std::vector<ByteVector> RequestsOnWire() const;
     // Every report sent on the HID channel, and every write on the serial line.
     CSimHidPort* HidPort() { return mHidPort; }
     CSimHidDevice* HidDevice() { return mHid.get(); }
     CSimSerialPort* SerialPort() { return mSerialPort; }
-    CSimSerialDevice* SerialDevice() { return mSerial.get(); }
     CSimFtdiChip* FtdiChip() { return mChip.get(); }
+    // Request frames on an I2C channel in bus order, from the 6E on.
     CI2CWireTap& Tap() { return mTap; }
 
 private:
-    ESimChannel mChannel;
     std::unique_ptr<CSimDisplay> mDisplay;
     CI2CWireTap mTap;
     std::unique_ptr<CSimFtdiChip> mChip;

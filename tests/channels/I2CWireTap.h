@@ -19,11 +19,8 @@ public:
     void Stop() override;
 
     std::vector<ByteVector> writes;
-    // Write transactions that met a NACK.
-    int refusedWrites = 0;
 
 private:
     ISimI2CTarget& mInner;
     bool mWriting = false;
-    bool mRefused = false;
 };
