@@ -67,6 +67,9 @@ TEST_F(MatchingTest, TriesTheChannelsOfTheMode) {
         {eConnectionMode_All, "Hazel@video+ftdi", {kVideo}, {}},
         {eConnectionMode_All, "Hazel@ftdi", {kFtdi}, {kFtdi}},
         {eConnectionMode_All, "Hazel@none", {}, {}},
+        // A HID pick whose display fails (silent once its serial number is read) is erased
+        // without another channel tried.
+        {eConnectionMode_All, "Hazel@hid+video+ftdi:fault=silence@1*forever", {}, {kHid}},
         {eConnectionMode_HID, "Hazel@video+ftdi", {}, {}},
         // The video cable only, and no legacy scan after it fails.
         {eConnectionMode_Video, "Hazel@hid+video+ftdi", {kVideo}, {kHid}},
