@@ -17,5 +17,5 @@ lines() {
 tests=$(lines tests)
 code=$(lines src)
 awk -v t="$tests" -v s="$code" 'BEGIN {
-    printf "tests: %d lines, src: %d lines, ratio %.2f (wanted: at most 0.35)\n", t, s, t / s
+    printf "tests: %d lines, src: %d lines, ratio %.3f (wanted: at most 0.350)\n", t, s, t / s
 }'
