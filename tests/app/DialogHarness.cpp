@@ -73,8 +73,10 @@ void DialogTest::SetUp() {
     ASSERT_TRUE(mSettingsFolder->isValid());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mSettingsFolder->path());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, mSettingsFolder->path());
-    // The single-instance socket and help pages go to the user's runtime folder.
+    // The single-instance socket and help pages go to the user's runtime folder, profiles to
+    // the configuration folder.
     qputenv("XDG_RUNTIME_DIR", mSettingsFolder->path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", mSettingsFolder->path().toLocal8Bit());
 }
 
 void DialogTest::TearDown() {
@@ -170,12 +172,16 @@ void DialogTest::Enter(const char* edit_I, const QString& text_I, QWidget* in_I)
     Settle();
 }
 
-void DialogTest::Drag(QSlider* slider_I, int position_I) {
+void DialogTest::Drag(QSlider* slider_I, std::initializer_list<int> positions_I, bool release_I) {
     slider_I->setSliderDown(true);
-    slider_I->setSliderPosition(position_I);
+    for (int position : positions_I) {
+        slider_I->setSliderPosition(position);
+    }
     Settle();
-    slider_I->setSliderDown(false);
-    Settle();
+    if (release_I) {
+        slider_I->setSliderDown(false);
+        Settle();
+    }
 }
 
 void DialogTest::Settle() {

@@ -12,22 +12,7 @@ namespace {
 
 constexpr uint8_t kBrightness = 0x10;
 
-// Profiles land in a temporary folder given as XDG_CONFIG_HOME before the dialog is built.
-class ProfileControlTest : public DialogTest {
-protected:
-    void SetUp() override {
-        DialogTest::SetUp();
-        mConfigWas = qgetenv("XDG_CONFIG_HOME");
-        qputenv("XDG_CONFIG_HOME", mConfig.path().toLocal8Bit());
-    }
-    void TearDown() override {
-        DialogTest::TearDown();
-        qputenv("XDG_CONFIG_HOME", mConfigWas);
-    }
-
-    QTemporaryDir mConfig;
-    QByteArray mConfigWas;
-};
+class ProfileControlTest : public DialogTest {};
 
 } // namespace
 
@@ -51,7 +36,7 @@ TEST_F(ProfileControlTest, AProfileAppliesLikeTheUsersOwnChangesAndOnlyToItsMode
 
     // A profile of another model is neither offered nor applied.
     std::ofstream(
-        mConfig.filePath(QStringLiteral("paneltune/profiles/other.profile")).toStdString())
+        mSettingsFolder->filePath(QStringLiteral("paneltune/profiles/other.profile")).toStdString())
         << "model = PDX-0000\nserial = X\nbrightness = 5\n";
     EXPECT_EQ(control->FittingNames(), QStringList{QStringLiteral("night")});
     EXPECT_FALSE(control->Apply(QStringLiteral("other"), message));
