@@ -116,12 +116,6 @@ int DialogTest::ScalerValue(size_t display_I, uint8_t code_I) {
     return value ? *value : -1;
 }
 
-int DialogTest::ScalerSaved(size_t display_I, uint8_t code_I) {
-    Settle();
-    const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Saved(code_I);
-    return value ? *value : -1;
-}
-
 QSettings DialogTest::StoredSettings() {
     return QSettings(QStringLiteral("Vorex"), QStringLiteral("OSD"));
 }
@@ -144,7 +138,7 @@ void DialogTest::RunColorDialog(const std::function<void(QDialog&)>& during_I) {
             color->reject();
         }
     });
-    if (Shown("setButton")) {
+    if (Find<QWidget>("setButton")->isVisibleTo(mDialog.get())) {
         Find<QPushButton>("setButton")->click();
     } else {
         // Models without a custom row get the colour dialog the way the main dialog would
@@ -195,9 +189,4 @@ QStringList DialogTest::Rows(const char* combo_I) {
         rows << combo->itemText(i);
     }
     return rows;
-}
-
-bool DialogTest::Shown(const char* name_I) {
-    QWidget* widget = Find<QWidget>(name_I);
-    return widget != nullptr && widget->isVisibleTo(mDialog.get());
 }

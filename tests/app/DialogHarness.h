@@ -95,7 +95,6 @@ protected:
     UiDisplayDelegate& Current() { return *mDialog->DisplayConfigIF()->CurrentDisplay(); }
     // The value the simulated scaler holds now, -1 when it has no such code.
     int ScalerValue(size_t display_I, uint8_t code_I);
-    int ScalerSaved(size_t display_I, uint8_t code_I);
     QSettings StoredSettings();
     // What the main dialog is to the advanced and colour dialogs.
     IDialogOwner& Owner() { return *dynamic_cast<IDialogOwner*>(mDialog->SecondaryDialogs()); }
@@ -120,7 +119,6 @@ protected:
     void Drag(QSlider* slider_I, std::initializer_list<int> positions_I, bool release_I = true);
     // Values of the rows of a combo, as text.
     QStringList Rows(const char* combo_I);
-    bool Shown(const char* name_I);
     // Lets the dialog finish what the last action started.
     void Settle();
 

@@ -29,7 +29,7 @@ TEST_F(ProfileControlTest, AProfileAppliesLikeTheUsersOwnChangesAndOnlyToItsMode
     ASSERT_TRUE(control->Apply(QStringLiteral("night"), message)) << message.toStdString();
     EXPECT_EQ(ScalerValue(0, kBrightness), 20);
     EXPECT_EQ(Find<QLineEdit>("brightnessEdit")->text(), QStringLiteral("20"));
-    EXPECT_EQ(ScalerSaved(0, kBrightness), 80);
+    EXPECT_EQ(Platform().Display(0).Scaler().Saved(kBrightness), 80);
     EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
     QTest::mouseClick(Find<QPushButton>("revertButton"), Qt::LeftButton);
     EXPECT_EQ(ScalerValue(0, kBrightness), 80);

@@ -154,8 +154,10 @@ TEST_F(SecondaryDialogsTest, AFailedWriteInTheAdvancedDialogEndsTheProgram) {
     EXPECT_FALSE(advanced.isVisible());
 }
 
+// Cancelled, the reset writes nothing.
 TEST_F(SecondaryDialogsTest, FactoryResetDisablesTheAdvancedDialogWhileItAsks) {
     ASSERT_TRUE(Start("ElmLarge@video"));
+    Enter("brightnessEdit", QStringLiteral("31"));
     QDialog& advanced = OpenAdvanced();
     Dialog().mAnswers[EModal::eFactoryResetQuestion] = QMessageBox::Cancel;
     bool disabled = false;
@@ -168,6 +170,7 @@ TEST_F(SecondaryDialogsTest, FactoryResetDisablesTheAdvancedDialogWhileItAsks) {
     Settle();
     EXPECT_EQ(Dialog().Count(EModal::eFactoryResetQuestion), 1u);
     EXPECT_TRUE(disabled);
+    EXPECT_EQ(ScalerValue(0, kBrightness), 31);
     EXPECT_TRUE(Find<QComboBox>("aspectRatio", &advanced)->isEnabled());
     EXPECT_TRUE(Find<QPushButton>("ok", &advanced)->isEnabled());
 }
@@ -253,11 +256,6 @@ TEST_F(SecondaryDialogsTest, DragCommitsOnReleaseAndNotDuringTheQuestion) {
         green->setSliderDown(false);
         Settle();
         EXPECT_EQ(ScalerValue(0, kGainGreen), 100);
-        EXPECT_EQ(Find<QLineEdit>("hexEdit", &color)->text().mid(2, 2), "64");
-        green->setFocus();
-        QTest::keyClick(green, Qt::Key_Right);
-        Settle();
-        EXPECT_EQ(ScalerValue(0, kGainGreen), 101);
 
         QSlider* black = Find<QSlider>("blackSlider", &color);
         QSlider* red = Find<QSlider>("redSlider", &color);
