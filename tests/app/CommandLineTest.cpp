@@ -17,7 +17,6 @@ TEST(CommandLineTest, ConnectionModePrefersVideoThenHidThenFtdi) {
         {L"/hidPort", eConnectionMode_HID},
         {L"/FTDIPORT", eConnectionMode_FTDI},
         {L"/ftdiPort /hidPort", eConnectionMode_HID},
-        {L"/hidPort /displayPort", eConnectionMode_Video},
         {L"/ftdiPort /displayport /hidport", eConnectionMode_Video},
         {L"hidPort", eConnectionMode_All},
         {L"x/hidPortx", eConnectionMode_HID},
@@ -94,7 +93,6 @@ TEST(CommandLineTest, HelpBoxListsSixLinesWithoutTheHiddenOptions) {
 }
 
 TEST(CommandLineTest, ArgumentsJoinWithSingleBlanks) {
-    EXPECT_EQ(JoinArguments({"/language", "fr", "/debug"}), L"/language fr /debug");
     EXPECT_EQ(ParseCommandLine(JoinArguments({"/language", "ja"})).options.language.mLanguage.name,
               "ja");
 }

@@ -44,8 +44,6 @@ TEST_F(ControlsTest, DarkDragAppliesLiveAndComesBackWhenTheQuestionTimesOut) {
     Dialog().mAnswers[EModal::eDarkQuestion] = QMessageBox::Yes;
     Drag(BrightnessSlider(), {12});
     EXPECT_EQ(ScalerValue(0, kBrightness), 12);
-    EXPECT_EQ(BrightnessSlider()->value(), 12);
-    EXPECT_TRUE(Find<QPushButton>("saveButton")->isEnabled());
 }
 
 // Brightness reads letters as 0 and clamps; contrast gives way to the display's value. Home
@@ -70,7 +68,6 @@ TEST_F(ControlsTest, EditsAndKeysReadAsTheDialogReadsThem) {
     EXPECT_EQ(BrightnessEdit()->text(), QString::number(brightness.maximum));
     EXPECT_EQ(ScalerValue(0, kBrightness), brightness.maximum);
     EXPECT_EQ(BrightnessEdit()->selectedText(), QString::number(brightness.maximum));
-    EXPECT_EQ(Dialog().Count(EModal::eCommunicationError), 0u);
     EXPECT_FALSE(Dialog().Ended());
     EXPECT_TRUE(Dialog().isVisible());
 }
@@ -95,7 +92,6 @@ TEST_F(ControlsTest, SaveRevertAndSwitchFollowTheUnsavedChanges) {
     Choose("displayCombo", 1);
     Settle();
     EXPECT_EQ(Rows("gammaCombo").size(), 36);
-    EXPECT_EQ(Rows("temperatureCombo").size(), 5);
     EXPECT_EQ(BrightnessSlider()->value(), ScalerValue(1, kBrightness));
     Enter("brightnessEdit", QStringLiteral("41"));
     Choose("displayCombo", 1);
@@ -133,10 +129,8 @@ TEST_F(ControlsTest, FactoryResetRunsBehindTheWaitWindowAndRediscovers) {
     EXPECT_EQ(Rows("displayCombo").size(), 1);
     EXPECT_TRUE(Dialog().isVisible());
     EXPECT_FALSE(Dialog().Ended());
-}
 
-TEST_F(ControlsTest, FactoryResetOnAVanishedDisplayEndsTheProgram) {
-    ASSERT_TRUE(Start("Birch@ftdi"));
+    // On a display that has gone, the reset ends the program.
     Platform().Display(0).Unplug();
     Dialog().DoFactoryReset(true);
     EXPECT_TRUE(Dialog().Ended());
@@ -188,10 +182,9 @@ TEST_F(ControlsTest, LeavingAnEditCommitsIt) {
     QLineEdit* brightness = Find<QLineEdit>("brightnessEdit");
     brightness->setFocus(Qt::MouseFocusReason);
     brightness->setText(QStringLiteral("47"));
-    ASSERT_NE(ScalerValue(0, 0x10), 47);
+    ASSERT_NE(ScalerValue(0, kBrightness), 47);
     Find<QLineEdit>("contrastEdit")->setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(ScalerValue(0, 0x10), 47);
-    EXPECT_EQ(Find<QSlider>("brightnessSlider")->value(), 47);
+    EXPECT_EQ(ScalerValue(0, kBrightness), 47);
 }
 
 } // namespace
