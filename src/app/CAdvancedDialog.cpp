@@ -1,5 +1,7 @@
 #include "app/CAdvancedDialog.h"
 
+#include "app/Mnemonics.h"
+
 #include "app/DialogText.h"
 #include "app/IDialogOwner.h"
 #include "discovery/CDisplayConfigInterface.h"
@@ -144,6 +146,7 @@ QWidget* CAdvancedDialog::MakeOnOff(SOnOff& pair_I, const char* name_I,
     layout->addWidget(pair_I.off);
     layout->addWidget(pair_I.on);
     layout->addStretch();
+    box->setFocusProxy(pair_I.off);
     connect(pair_I.off, &QRadioButton::clicked, this,
             [this, &pair_I, setter_I] { OnOnOff(setter_I, pair_I, false); });
     connect(pair_I.on, &QRadioButton::clicked, this,
@@ -182,6 +185,11 @@ void CAdvancedDialog::BuildWidgets() {
     mRows[eRow_FanSpeed].control = MakeCombo(mFanSpeed, "fanSpeed", &CAdvancedDialog::OnFanSpeed);
     mRows[eRow_AutoPowerDown].control =
         MakeOnOff(mAutoPowerDown, "autoPowerDown", &UiDisplayDelegate::SetAutoPowerDown);
+    for (SRow& row : mRows) {
+        if (qobject_cast<QLabel*>(row.control) == nullptr) {
+            row.label->setBuddy(row.control);
+        }
+    }
     mStartButton = new QPushButton(this);
     mStartButton->setObjectName("start");
     mStartButton->setAutoDefault(false);
@@ -206,17 +214,26 @@ void CAdvancedDialog::BuildWidgets() {
 void CAdvancedDialog::CreateWindow() {
     mWindowExists = true;
     setWindowTitle(Text(kTitleId));
+    // Rows that show a text only take no mnemonic; Off and On repeat in every pair and take none.
+    QStringList texts;
     for (size_t row = 0; row < mRows.size(); ++row) {
-        mRows[row].label->setText(Text(kRowLabelIds[row]));
+        texts << (mRows[row].label->buddy() ? Text(kRowLabelIds[row]) : QString());
+    }
+    texts << Text(kStartId) << Text(kFactoryResetId) << Text(kOkId) << Text(kCancelId);
+    texts = WithMnemonics(texts);
+    for (size_t row = 0; row < mRows.size(); ++row) {
+        mRows[row].label->setText(mRows[row].label->buddy() ? texts[static_cast<qsizetype>(row)]
+                                                            : Text(kRowLabelIds[row]));
     }
     for (SOnOff* pair : {&mEnergySmart, &mDynamicContrast, &mAutoPowerDown}) {
         pair->off->setText(Text(kOffId));
         pair->on->setText(Text(kOnId));
     }
-    mStartButton->setText(Text(kStartId));
-    mFactoryResetButton->setText(Text(kFactoryResetId));
-    mOkButton->setText(Text(kOkId));
-    mCancelButton->setText(Text(kCancelId));
+    const auto buttons = static_cast<qsizetype>(mRows.size());
+    mStartButton->setText(texts[buttons]);
+    mFactoryResetButton->setText(texts[buttons + 1]);
+    mOkButton->setText(texts[buttons + 2]);
+    mCancelButton->setText(texts[buttons + 3]);
     Refresh(false);
     // Like system-wide hot keys, the keys reach the slider from every window of the program,
     // also while this one is hidden.

@@ -1,5 +1,7 @@
 #include "app/CColorSettingsDialog.h"
 
+#include "app/Mnemonics.h"
+
 #include "app/DialogText.h"
 #include "app/IDialogOwner.h"
 #include "discovery/CDisplayConfigInterface.h"
@@ -103,6 +105,7 @@ void CColorSettingsDialog::BuildWidgets() {
         row.edit = new QLineEdit(this);
         row.edit->setObjectName(QString(kSliderNames[i]) + "Edit");
         row.edit->installEventFilter(this);
+        row.label->setBuddy(row.edit);
         connect(row.slider, &QSlider::actionTriggered, this,
                 [this, slider](int action_I) { OnSliderAction(slider, action_I); });
         connect(row.slider, &QSlider::sliderReleased, this, [this, slider] {
@@ -116,6 +119,7 @@ void CColorSettingsDialog::BuildWidgets() {
     mHexLabel = new QLabel(this);
     mHexEdit = new QLineEdit(this);
     mHexEdit->setObjectName("hexEdit");
+    mHexLabel->setBuddy(mHexEdit);
     mHexEdit->installEventFilter(this);
     connect(mHexEdit, &QLineEdit::returnPressed, this, [this] {
         CommitEdit(kHexSource);
@@ -151,15 +155,22 @@ void CColorSettingsDialog::Open() {
     setWindowTitle(Text(kTitleId));
     mAttributeLabel->setText(Text(kAttributeId));
     mCustomLabel->setText(Text(kCustomColorId));
-    for (size_t i = 0; i < std::size(kRgbLabelIds); ++i) {
-        mRows[i].label->setText(Text(kRgbLabelIds[i]));
+    QStringList texts;
+    for (const uint32_t id : kRgbLabelIds) {
+        texts << Text(id);
     }
-    for (size_t i = 0; i < std::size(kCmykLabels); ++i) {
-        mRows[eColorSlider_Cyan + i].label->setText(kCmykLabels[i]);
+    for (const char* label : kCmykLabels) {
+        texts << QString::fromLatin1(label);
     }
-    mHexLabel->setText(Text(kHexId));
-    mOkButton->setText(Text(kOkId));
-    mCancelButton->setText(Text(kCancelId));
+    texts << Text(kHexId) << Text(kOkId) << Text(kCancelId);
+    texts = WithMnemonics(texts);
+    const qsizetype rows = std::size(kRgbLabelIds) + std::size(kCmykLabels);
+    for (qsizetype i = 0; i < rows; ++i) {
+        mRows[static_cast<size_t>(i)].label->setText(texts[i]);
+    }
+    mHexLabel->setText(texts[rows]);
+    mOkButton->setText(texts[rows + 1]);
+    mCancelButton->setText(texts[rows + 2]);
     Refresh();
     if (mMainDlg != nullptr) {
         Place(mMainDlg->MainDialogRect());

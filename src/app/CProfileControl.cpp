@@ -6,18 +6,6 @@
 #include <QMenu>
 #include <QMessageBox>
 
-namespace {
-
-QString Joined(const std::vector<SProfileSkip>& skips_I) {
-    QStringList parts;
-    for (const SProfileSkip& skip : skips_I) {
-        parts << QString::fromStdString(skip.key + " (" + skip.reason + ")");
-    }
-    return parts.join(QStringLiteral(", "));
-}
-
-} // namespace
-
 CProfileControl::CProfileControl(DisplayAccess access_I, std::function<void()> applied_I,
                                  QWidget* parent_I)
     : QPushButton(parent_I), mAccess(std::move(access_I)), mApplied(std::move(applied_I)),
@@ -44,12 +32,8 @@ QStringList CProfileControl::FittingNames() {
         return {};
     }
     QStringList names;
-    for (const std::string& name : mStore.Names()) {
-        SProfile profile;
-        std::string error;
-        if (mStore.Load(name, profile, error) && ProfileMismatch(profile, owner).empty()) {
-            names << QString::fromStdString(name);
-        }
+    for (const std::string& name : FittingProfiles(mStore, owner)) {
+        names << QString::fromStdString(name);
     }
     return names;
 }
@@ -94,11 +78,12 @@ bool CProfileControl::Apply(const QString& name_I, QString& message_O) {
     }
     mApplied();
     if (!applied.Ok()) {
-        message_O = tr("These settings did not reach the display: %1").arg(Joined(applied.failed));
+        message_O = tr("These settings did not reach the display: %1")
+                        .arg(QString::fromStdString(SkipsText(applied.failed)));
         return false;
     }
     if (!applied.skipped.empty()) {
-        message_O = tr("Skipped: %1").arg(Joined(applied.skipped));
+        message_O = tr("Skipped: %1").arg(QString::fromStdString(SkipsText(applied.skipped)));
     }
     return true;
 }

@@ -23,26 +23,6 @@ constexpr int kSliderWidth = 200;
 // The contrast the dark test assumes where contrast cannot be set, as the main dialog does.
 constexpr int32_t kContrastFallback = 50;
 
-QStringList FittingProfiles(const CProfileStore& store_I, const SProfileOwner& owner_I) {
-    QStringList names;
-    for (const std::string& name : store_I.Names()) {
-        SProfile profile;
-        std::string error;
-        if (store_I.Load(name, profile, error) && ProfileMismatch(profile, owner_I).empty()) {
-            names << QString::fromStdString(name);
-        }
-    }
-    return names;
-}
-
-QString Joined(const std::vector<SProfileSkip>& skips_I) {
-    QStringList parts;
-    for (const SProfileSkip& skip : skips_I) {
-        parts << QString::fromStdString(skip.key + " (" + skip.reason + ")");
-    }
-    return parts.join(QStringLiteral(", "));
-}
-
 } // namespace
 
 // What one display's part of the menu shows, read on the worker when the menu is built.
@@ -167,8 +147,11 @@ void CTrayControl::AddDisplay(const SRow& row_I, int key_I) {
             });
     connect(slider, &QSlider::sliderReleased, this, commit);
 
-    const QStringList profiles =
-        FittingProfiles(CProfileStore(CProfileStore::DefaultDirectory()), row_I.owner);
+    QStringList profiles;
+    for (const std::string& name :
+         FittingProfiles(CProfileStore(CProfileStore::DefaultDirectory()), row_I.owner)) {
+        profiles << QString::fromStdString(name);
+    }
     QMenu* submenu = mMenu.addMenu(tr("Profiles of %1").arg(row_I.name));
     submenu->setEnabled(!profiles.isEmpty() && row_I.display != nullptr);
     for (const QString& name : profiles) {
@@ -233,9 +216,10 @@ void CTrayControl::ApplyProfile(std::shared_ptr<UiDisplayDelegate> display_I,
     mDialog.Worker().WaitIdle();
     mDialog.UpdateControls();
     if (!applied.Ok()) {
-        notify(tr("These settings did not reach the display: %1").arg(Joined(applied.failed)));
+        notify(tr("These settings did not reach the display: %1")
+                   .arg(QString::fromStdString(SkipsText(applied.failed))));
     } else if (!applied.skipped.empty()) {
-        notify(tr("Skipped: %1").arg(Joined(applied.skipped)));
+        notify(tr("Skipped: %1").arg(QString::fromStdString(SkipsText(applied.skipped))));
     }
 }
 

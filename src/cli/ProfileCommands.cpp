@@ -20,14 +20,6 @@ std::string Joined(const std::vector<std::string>& names_I) {
     return text;
 }
 
-std::string Joined(const std::vector<SProfileSkip>& skips_I) {
-    std::vector<std::string> parts;
-    for (const SProfileSkip& skip : skips_I) {
-        parts.push_back(skip.key + " (" + skip.reason + ")");
-    }
-    return Joined(parts);
-}
-
 void WriteSkips(CJsonWriter& json_I, const char* key_I, const std::vector<SProfileSkip>& skips_I) {
     json_I.Key(key_I).BeginArray();
     for (const SProfileSkip& skip : skips_I) {
@@ -162,12 +154,12 @@ private:
                          << " changed, " << applied.unchanged.size() << " unchanged"
                          << (applied.saved ? ", saved" : "") << "\n";
             if (!applied.skipped.empty()) {
-                mContext.out << "skipped: " << Joined(applied.skipped) << "\n";
+                mContext.out << "skipped: " << SkipsText(applied.skipped) << "\n";
             }
         }
         if (!applied.Ok()) {
             return mContext.Fail(eCliExit_Communication,
-                                 "profile '" + name_I + "': " + Joined(applied.failed));
+                                 "profile '" + name_I + "': " + SkipsText(applied.failed));
         }
         return eCliExit_Done;
     }

@@ -100,3 +100,24 @@ SProfileApplied ApplyProfile(UiDisplayDelegate& display_I, const SProfile& profi
     }
     return applied;
 }
+
+std::vector<std::string> FittingProfiles(const CProfileStore& store_I,
+                                         const SProfileOwner& display_I) {
+    std::vector<std::string> names;
+    for (const std::string& name : store_I.Names()) {
+        SProfile profile;
+        std::string error;
+        if (store_I.Load(name, profile, error) && ProfileMismatch(profile, display_I).empty()) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+std::string SkipsText(const std::vector<SProfileSkip>& skips_I) {
+    std::string text;
+    for (const SProfileSkip& skip : skips_I) {
+        text += (text.empty() ? "" : ", ") + skip.key + " (" + skip.reason + ")";
+    }
+    return text;
+}

@@ -3,6 +3,7 @@
 // so that each model's codes stay right. Applying leaves the display as if the user had made
 // the changes by hand: changed but not saved, unless a save is asked for.
 
+#include "profiles/CProfileStore.h"
 #include "profiles/SProfile.h"
 
 #include <string>
@@ -19,10 +20,17 @@ SProfile CaptureProfile(UiDisplayDelegate& display_I, const std::string& name_I,
 // the same model fits.
 std::string ProfileMismatch(const SProfile& profile_I, const SProfileOwner& display_I);
 
+// The names of the profiles in store_I that fit the display, sorted.
+std::vector<std::string> FittingProfiles(const CProfileStore& store_I,
+                                         const SProfileOwner& display_I);
+
 struct SProfileSkip {
     std::string key;
     std::string reason;
 };
+
+// "key (reason), key (reason)": how a list of skipped settings reads to the user.
+std::string SkipsText(const std::vector<SProfileSkip>& skips_I);
 
 struct SProfileApplied {
     std::vector<std::string> changed;

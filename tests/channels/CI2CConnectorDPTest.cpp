@@ -1,11 +1,8 @@
-// The video channel's frame layer, on a scripted SendRequest and over a simulated DDC bus.
+// The video channel's frame layer on a scripted SendRequest; the bus below it runs in the
+// channel sessions.
 
-#include "ChannelRig.h"
-
-#include "channels/CI2CBusConnectorDP.h"
+#include "channels/CI2CConnectorDP.h"
 #include "ddc/Frames.h"
-#include "foundation/VirtualClock.h"
-#include "sim/CSimFaults.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -132,18 +129,6 @@ TEST(FrameLayerDP, CapabilitiesTryTheTableReadFirst) {
                             BuildCapabilitiesRequest(9)));
     EXPECT_FALSE(connector.Open(0L));
     EXPECT_FALSE(connector.Open(std::string("COM1")));
-}
-
-TEST(BusConnectorDP, KeepsTheGapsOfTheBus) {
-    CScopedVirtualClock clock;
-    CChannelRig rig("Birch", ESimChannel::eVideo);
-    rig.Display().SetTimingRules(40, 50);
-    const auto& connector = rig.GetConnector();
-    EXPECT_EQ(connector->SendRequest(BuildSetVCPFeature(0x10, 20), 0.0, 38, 0), BuildNullMessage());
-    EXPECT_EQ(connector->SendRequest(BuildGetVCPFeature(0x10), 0.0, 38, 0),
-              BuildReplyFrame({0x02, 0x00, 0x10, 0x00, 0x00, 0x64, 0x00, 20}));
-    EXPECT_THAT(clock->Sleeps(), ElementsAre(40u, 10u, 40u));
-    EXPECT_THAT(rig.Scaler().HostErrors(), ElementsAre());
 }
 
 } // namespace

@@ -95,18 +95,6 @@ TEST(ChannelSession, InitializesAndChangesBrightnessOverEveryChannel) {
             });
         ASSERT_NE(write, requests.rend());
         EXPECT_EQ(*write, BuildSetVCPFeature(c.brightnessCode, wanted));
-        if (c.channel == ESimChannel::eHid) {
-            // A whole write report: id, sub id, kind 2, two bytes of padding, the frame, zeros.
-            const std::vector<ByteVector>& reports = rig.HidPort()->reports;
-            const auto report = std::find_if(reports.rbegin(), reports.rend(),
-                                             [](const ByteVector& r) { return r[2] == 0x02; });
-            ASSERT_NE(report, reports.rend());
-            ByteVector expected = {0xE5, 0x04, 0x02, 0x00, 0x00};
-            const ByteVector frame = BuildSetVCPFeature(c.brightnessCode, wanted);
-            expected.insert(expected.end(), frame.begin(), frame.end());
-            expected.resize(512, 0x00);
-            EXPECT_EQ(*report, expected);
-        }
         EXPECT_EQ(display.GetVCPValue(code, true).value, wanted);
 
         ASSERT_TRUE(display.SaveSettings());

@@ -310,26 +310,15 @@ TEST_F(CliTest, HelpListsTheCommandsAndEachCommandsOwnOptions) {
 
 namespace {
 
-// The one facts file a run on one simulated display leaves, and its text.
+// The one facts file a run on one simulated display leaves.
 std::filesystem::path FactsFile(const std::string& cacheHome_I) {
-    const std::filesystem::path folder =
-        std::filesystem::path(cacheHome_I) / "paneltune" / "simulated";
     std::vector<std::filesystem::path> files;
-    std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+    for (const auto& entry :
+         std::filesystem::directory_iterator(cacheHome_I + "/paneltune/simulated")) {
         files.push_back(entry.path());
     }
     EXPECT_EQ(files.size(), 1u);
-    return files.empty() ? folder : files.front();
-}
-
-std::string ReadText(const std::filesystem::path& path_I) {
-    std::ifstream file(path_I, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-void WriteText(const std::filesystem::path& path_I, const std::string& text_I) {
-    std::ofstream(path_I, std::ios::binary | std::ios::trunc) << text_I;
+    return files.empty() ? std::filesystem::path() : files.front();
 }
 
 std::string Replaced(std::string text_I, const std::string& from_I, const std::string& to_I) {

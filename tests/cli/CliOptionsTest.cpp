@@ -85,24 +85,22 @@ TEST(CliOptions, BadLinesNameWhatIsWrong) {
 }
 
 TEST(CliOptions, DiscoveryOptionsFollowTheLine) {
-    SCliOptions options;
-    options.language = "DE";
-    options.skipSerialMatch = true;
-    options.exitOnError = true;
-    const SDisplayConfigOptions config = MakeDisplayConfigOptions(options);
-    EXPECT_TRUE(config.skipSerialMatch && config.exitOnError);
-    EXPECT_TRUE(config.language.mKnown);
-    EXPECT_EQ(config.language.mLanguage.languageId, LanguageProvider("de").mLanguage.languageId);
-    EXPECT_TRUE(config.setOsdLanguage);
-    EXPECT_FALSE(config.refreshFacts);
-
-    // Without --language the displays' menus keep theirs.
-    options.language.clear();
-    options.refresh = true;
-    EXPECT_FALSE(MakeDisplayConfigOptions(options).setOsdLanguage);
-    EXPECT_TRUE(MakeDisplayConfigOptions(options).refreshFacts);
-    options.language = "klingon";
-    EXPECT_EQ(MakeDisplayConfigOptions(options).language.mLanguage.languageId,
-              LanguageProvider("userUI").mLanguage.languageId)
-        << "an unknown language leaves the user's own";
+    // Without --language the displays' menus keep theirs; an unknown one leaves the user's own.
+    const struct {
+        const char* language;
+        const char* provider;
+        bool setsMenus;
+    } rows[] = {{"DE", "de", true}, {"", "userUI", false}, {"klingon", "userUI", true}};
+    for (const auto& row : rows) {
+        SCliOptions options;
+        options.language = row.language;
+        options.skipSerialMatch = options.exitOnError = options.refresh = *row.language == 0;
+        const SDisplayConfigOptions config = MakeDisplayConfigOptions(options);
+        EXPECT_EQ(config.language.mLanguage.languageId,
+                  LanguageProvider(row.provider).mLanguage.languageId)
+            << row.language;
+        EXPECT_EQ(config.setOsdLanguage, row.setsMenus) << row.language;
+        EXPECT_EQ(config.skipSerialMatch && config.exitOnError && config.refreshFacts,
+                  *row.language == 0);
+    }
 }

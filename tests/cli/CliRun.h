@@ -12,7 +12,9 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -102,4 +104,14 @@ inline Json Setting(const std::string& out_I, const std::string& name_I) {
         }
     }
     return Json();
+}
+
+inline std::string ReadText(const std::filesystem::path& path_I) {
+    std::ifstream file(path_I, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+inline std::string WriteText(const std::filesystem::path& path_I, const std::string& text_I) {
+    std::ofstream(path_I, std::ios::binary | std::ios::trunc) << text_I;
+    return path_I.string();
 }

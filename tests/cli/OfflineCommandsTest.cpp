@@ -27,11 +27,7 @@ std::vector<int> Values(const std::string& out_I, int code_I) {
 }
 
 std::string WriteFile(const std::string& name_I, const std::vector<uint8_t>& bytes_I) {
-    const std::string path = ::testing::TempDir() + name_I;
-    std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes_I.data()),
-               static_cast<std::streamsize>(bytes_I.size()));
-    return path;
+    return WriteText(::testing::TempDir() + name_I, std::string(bytes_I.begin(), bytes_I.end()));
 }
 
 } // namespace

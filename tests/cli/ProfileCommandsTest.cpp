@@ -15,11 +15,6 @@ protected:
     std::filesystem::path File(const std::string& name_I) const {
         return std::filesystem::path(mHome) / "config/paneltune/profiles" / (name_I + ".profile");
     }
-
-    std::string Text(const std::string& name_I) const {
-        std::ifstream file(File(name_I));
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
 };
 
 } // namespace
@@ -74,7 +69,7 @@ TEST_F(ProfileTest, ApplyingAProfileBringsBackEverySettingOfEachFamily) {
 TEST_F(ProfileTest, ProfilesOfOtherModelsDamagedOrMissingAreRefusedWithOneLine) {
     const std::string twoDisplays = "ElmLarge@video,Hazel@hid";
     ASSERT_EQ(Run({"--simulate", twoDisplays, "profile", "save", "night"}).exit, 0);
-    const std::string night = Text("night");
+    const std::string night = ReadText(File("night"));
     std::ofstream(File("broken")) << "model = PDX-3200\nserial\n";
 
     struct SRow {
@@ -101,7 +96,7 @@ TEST_F(ProfileTest, ProfilesOfOtherModelsDamagedOrMissingAreRefusedWithOneLine) 
         EXPECT_TRUE(IsOneErrorLine(run.err)) << run.err;
         EXPECT_NE(run.err.find(row.error), std::string::npos) << run.err;
     }
-    EXPECT_EQ(Text("night"), night);
+    EXPECT_EQ(ReadText(File("night")), night);
 
     Json list = ParseOut(Run({"profile", "list", "--json"}).out);
     ASSERT_EQ(list["profiles"].size(), 2u);

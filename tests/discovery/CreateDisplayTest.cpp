@@ -67,48 +67,39 @@ TEST_F(CreateDisplayTest, RetriesAChannelOtherThanTheVideoCable) {
 }
 
 // The OSD language of the Birch and Elm models follows the program's language when discovery is
-// told to; other models keep theirs.
-TEST_F(CreateDisplayTest, SendsTheOsdLanguageToBirchAndElmModels) {
+// told to; other models keep theirs. Cedar models are built in on the maker's own computers.
+TEST_F(CreateDisplayTest, SetsTheOsdLanguageAndTellsBuiltInDisplays) {
     struct SRow {
         const char* language;
         uint16_t edid;
         uint16_t expected;
+        bool builtIn = false;
+        bool makerSystem = false;
         bool setOsdLanguage = true;
     };
     const SRow rows[] = {
-        {"fr", kBirch, 3},       {"zh_TW", kElmLarge, 1},      {"pl", kElmLarge, 30},
-        {"en", kBirch, 2},       {"fr", kHazel, 17},           {"sv", kElmLarge, 17},
-        {"neutral", kBirch, 17}, {"fr", kElmLarge, 17, false},
+        {"fr", kBirch, 3},
+        {"zh_TW", kElmLarge, 1},
+        {"pl", kElmLarge, 30},
+        {"en", kBirch, 2, false, true},
+        {"fr", kHazel, 17},
+        {"sv", kElmLarge, 17},
+        {"neutral", kBirch, 17},
+        {"fr", kElmLarge, 17, false, false, false},
+        {"en", kCedarSmall, 17, true, true},
+        {"en", kCedarSmallTwo, 17, true, true},
+        {"en", kCedarSmall, 17},
     };
     for (const SRow& row : rows) {
+        platform->makerSystem = row.makerSystem;
         auto config = Config(row.language, row.setOsdLanguage);
         auto channel = std::make_shared<CTestChannel>(eConnectorType_FTDI, "SN1");
         channel->Open(0L);
         channel->SetVcp(0xCC, 17, 40);
 
-        ASSERT_NE(config->CreateDisplay(row.edid, L"PANEL", L"MODEL", channel), nullptr);
-        EXPECT_EQ(channel->Vcp(0xCC)->current, row.expected) << row.language << " " << row.edid;
-    }
-}
-
-TEST_F(CreateDisplayTest, CedarModelsAreBuiltInOnTheMakersComputer) {
-    struct SRow {
-        uint16_t edid;
-        bool makerSystem;
-        bool builtIn;
-    };
-    const SRow rows[] = {
-        {kCedarSmall, true, true},
-        {kCedarSmallTwo, true, true},
-        {kCedarSmall, false, false},
-        {kBirch, true, false},
-    };
-    for (const SRow& row : rows) {
-        platform->makerSystem = row.makerSystem;
-        auto channel = std::make_shared<CTestChannel>(eConnectorType_TI, "SN1");
-        channel->Open(0L);
-        auto display = Config()->CreateDisplay(row.edid, L"PANEL", L"MODEL", channel);
+        auto display = config->CreateDisplay(row.edid, L"PANEL", L"MODEL", channel);
         ASSERT_NE(display, nullptr);
+        EXPECT_EQ(channel->Vcp(0xCC)->current, row.expected) << row.language << " " << row.edid;
         EXPECT_EQ(display->BuiltIn(), row.builtIn) << row.edid;
     }
 }
@@ -127,7 +118,6 @@ TEST_F(CreateDisplayTest, SelectionFollowsTheMonitorAndEndsAtRediscovery) {
     EXPECT_FALSE(config->IsCurrentDisplay(0));
     EXPECT_EQ(config->CurrentDisplay(), config->DisplayInfos()[1].display);
     EXPECT_EQ(config->CurrentMonitor(), "/dev/i2c-card0-DP-2");
-    // One past the end selects nothing.
     config->SetCurrentDisplay(2);
     EXPECT_EQ(config->CurrentDisplay(), nullptr);
 

@@ -98,7 +98,12 @@ protected:
 };
 
 TEST_F(LibFtdi1ApiTest, DrivesTheBridgeThroughTheWholeOpenSequenceAndDdcCi) {
-    auto api = std::make_shared<CLibFtdi1Api>(L"" FAKE_LIBFTDI1);
+    // Without FTDI's own library the platform falls back to libftdi1.
+    SLinuxPlatformFiles files;
+    files.ftdiLibrary = L"libpaneltune-absent-ftd2xx.so";
+    files.ftdiOpenLibrary = L"" FAKE_LIBFTDI1;
+    const std::shared_ptr<IFtdiApi> api = CLinuxPlatform(files).FtdiApi();
+    ASSERT_NE(api, nullptr);
     EXPECT_EQ(CI2CConnectorFTDI::NumberOfDevices(*api), 1u);
 
     CI2CConnectorFTDI connector(api);
@@ -138,27 +143,12 @@ TEST_F(LibFtdi1ApiTest, AShortReadLastsTheReadTimeOut) {
     api.FT_Close(handle);
 }
 
-TEST_F(LibFtdi1ApiTest, ThePlatformPrefersFtdisLibraryAndFallsBackToLibFtdi1) {
-    const struct {
-        const wchar_t* vendor;
-        const wchar_t* open;
-        bool found;
-    } cases[] = {
-        {L"libpaneltune-absent-ftd2xx.so", L"" FAKE_LIBFTDI1, true},
-        {L"libpaneltune-absent-ftd2xx.so", L"libpaneltune-absent-ftdi1.so", false},
-    };
-    for (const auto& row : cases) {
-        SLinuxPlatformFiles files;
-        files.ftdiLibrary = row.vendor;
-        files.ftdiOpenLibrary = row.open;
-        const std::shared_ptr<IFtdiApi> api = CLinuxPlatform(files).FtdiApi();
-        ASSERT_EQ(api != nullptr, row.found);
-        if (api) {
-            EXPECT_EQ(CI2CConnectorFTDI::NumberOfDevices(*api), 1u);
-        }
-    }
+TEST(LinuxBridgeLibraries, AreNoneWhenNoneLoads) {
     SLinuxPlatformFiles files;
+    files.ftdiLibrary = L"libpaneltune-absent-ftd2xx.so";
+    files.ftdiOpenLibrary = L"libpaneltune-absent-ftdi1.so";
     files.tiLibrary = L"libpaneltune-absent-ti.so";
+    EXPECT_EQ(CLinuxPlatform(files).FtdiApi(), nullptr);
     EXPECT_EQ(CLinuxPlatform(files).TiApi(), nullptr);
 }
 

@@ -47,9 +47,6 @@ TEST(LinuxDetectTest, EachChannelSaysWhatItFoundAndWhatStandsInTheWay) {
              rig_I.AddI2CDevice(5);
          },
          true, "card0-DP-1", "DDC bus /dev/i2c-5: its device node is missing", true, true},
-        {"a bus that does not open, seen from the module",
-         [&](CUmockdevRig& rig_I) { rig_I.AddI2CDevice(5); }, true, "i2c-dev",
-         "loaded, nodes /dev/i2c-5; you may open 0 of 1", false, false},
         {"a connector without a DDC bus",
          [&](CUmockdevRig& rig_I) {
              rig_I.AddConnector("card0-HDMI-A-1", family, "connected", -1);

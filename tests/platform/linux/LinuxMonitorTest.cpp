@@ -1,6 +1,7 @@
 #include "UmockdevRig.h"
 
 #include "channels/CI2CBusConnectorDP.h"
+#include "foundation/StringUtilities.h"
 #include "foundation/VirtualClock.h"
 #include "platform/linux/CLinuxI2CBus.h"
 #include "platform/linux/CLinuxPlatform.h"
@@ -11,12 +12,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <cwchar>
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 namespace {
 
@@ -63,11 +61,10 @@ TEST_F(LinuxMonitorTest, ListsConnectedConnectorsWithEdidAndFindsTheirBus) {
         seen.push_back(source.hardwareId + " " + source.deviceKey);
     }
     std::sort(seen.begin(), seen.end());
-    char birch[32];
-    std::snprintf(birch, sizeof birch, "MONITOR\\VRX%04X card0-DP-1", mDisplay.EdidNumber());
-    char aspen[32];
-    std::snprintf(aspen, sizeof aspen, "MONITOR\\VRX%04X card1-DP-3", mOther.EdidNumber());
-    EXPECT_THAT(seen, ElementsAre("MONITOR\\ACR0001 card1-eDP-1", aspen, birch));
+    const std::wstring birchId = L"MONITOR\\" + Hex(L"VRX", mDisplay.EdidNumber());
+    const std::wstring aspenId = L"MONITOR\\" + Hex(L"VRX", mOther.EdidNumber());
+    EXPECT_THAT(seen, ElementsAre("MONITOR\\ACR0001 card1-eDP-1", ToNarrow(aspenId) + " card1-DP-3",
+                                  ToNarrow(birchId) + " card0-DP-1"));
     for (const SMonitorSource& source : sources) {
         if (source.deviceKey == "card0-DP-1") {
             EXPECT_EQ(source.edid, mDisplay.Edid());
@@ -76,8 +73,6 @@ TEST_F(LinuxMonitorTest, ListsConnectedConnectorsWithEdidAndFindsTheirBus) {
 
     // The identity is compared ignoring case; the bus comes from the ddc link or the child; a
     // connector without a bus or without a monitor has no handle.
-    const std::wstring birchId = L"MONITOR\\" + Hex(L"VRX", mDisplay.EdidNumber());
-    const std::wstring aspenId = L"MONITOR\\" + Hex(L"VRX", mOther.EdidNumber());
     const struct {
         std::wstring deviceId;
         std::string bus;

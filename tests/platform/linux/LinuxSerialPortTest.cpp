@@ -52,17 +52,7 @@ TEST_F(LinuxSerialPortTest, ListsOnlyTheFamilysSerialBridge) {
 TEST_F(LinuxSerialPortTest, CarriesEveryByteUnchangedBothWays) {
     const int farEnd = mRig.AddUsbSerial("ttyUSB0", 0x10C4, 0xEA60);
     ASSERT_GE(farEnd, 0);
-    // The line starts out as a terminal would: cooked, echoing, with flow control.
-    const int line = ::open(::ptsname(farEnd), O_RDWR | O_NOCTTY);
-    ASSERT_GE(line, 0);
-    termios cooked{};
-    ASSERT_EQ(::tcgetattr(line, &cooked), 0);
-    cooked.c_iflag |= ICRNL | IXON;
-    cooked.c_oflag |= OPOST | ONLCR;
-    cooked.c_lflag |= ICANON | ISIG | ECHO | IEXTEN;
-    ASSERT_EQ(::tcsetattr(line, TCSANOW, &cooked), 0);
-    ::close(line);
-
+    // A fresh pty line is cooked and echoing, as a terminal's is.
     CLinuxSerialPort port;
     ASSERT_TRUE(port.Open("ttyUSB0", kLine, kQuickReads)) << port.LastError();
     // The line runs at the asked speed, raw.

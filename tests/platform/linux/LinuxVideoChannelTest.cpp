@@ -10,8 +10,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-using ::testing::Each;
-using ::testing::Eq;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -70,8 +68,7 @@ TEST_F(LinuxVideoChannelTest, CarriesDdcCiToTheDisplayWithItsTiming) {
     EXPECT_EQ(Checksum(reply, 0x50), 0);
     EXPECT_EQ(reply[8] << 8 | reply[9], 37);
 
-    // Every transaction addressed the scaler's slave, and no gap was cut short.
-    EXPECT_THAT(mRig.SlaveSelections(), Each(Eq(0x37ul)));
+    // No gap was cut short.
     EXPECT_THAT(mDisplay.Scaler().HostErrors(), IsEmpty());
 }
 

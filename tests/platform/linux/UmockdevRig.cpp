@@ -42,7 +42,6 @@ gboolean HandleIoctl(UMockdevIoctlBase*, UMockdevIoctlClient* client_I, gpointer
     UMockdevIoctlData* arg = umockdev_ioctl_client_get_arg(client_I);
     if (node.i2c != nullptr && request == I2C_SLAVE) {
         std::memcpy(&node.address, arg->data, sizeof node.address);
-        node.rig->NoteSlave(node.address);
         umockdev_ioctl_client_complete(client_I, 0, 0);
         return TRUE;
     }
@@ -128,16 +127,6 @@ bool CUmockdevRig::InMockEnvironment() {
     return umockdev_in_mock_environment() != FALSE;
 }
 
-void CUmockdevRig::NoteSlave(unsigned long address_I) {
-    const std::lock_guard lock(mLock);
-    mSlaveSelections.push_back(address_I);
-}
-
-std::vector<unsigned long> CUmockdevRig::SlaveSelections() const {
-    const std::lock_guard lock(mLock);
-    return mSlaveSelections;
-}
-
 std::string CUmockdevRig::AddI2CAdapter(int bus_I) {
     const std::string name = "i2c-" + std::to_string(bus_I);
     gchar* path = umockdev_testbed_add_device(mTestbed, "i2c", name.c_str(), nullptr, "name",
@@ -173,7 +162,6 @@ std::string CUmockdevRig::AddConnector(const std::string& name_I,
 }
 
 void CUmockdevRig::Attach(const std::string& node_I, SNode& node_IO) {
-    node_IO.rig = this;
     // The testbed makes no node for a class device without content; the preload needs one to
     // open before it hands the calls to the handler.
     gchar* root = umockdev_testbed_get_root_dir(mTestbed);

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <list>
 #include <map>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -35,11 +34,8 @@ public:
     // The i2c-dev class device of adapter i2c-<bus>, its node /dev/i2c-<bus> left out: a bus
     // whose node does not open. Returns the node's name.
     std::string AddI2CDevice(int bus_I);
-    // /dev/i2c-<bus> answers through the target. Records each slave address selected.
+    // /dev/i2c-<bus> answers through the target at the slave address the caller selects.
     void AttachI2C(int bus_I, ISimI2CTarget& target_I);
-    std::vector<unsigned long> SlaveSelections() const;
-    // Called by the handlers, which run on umockdev's worker thread.
-    void NoteSlave(unsigned long address_I);
 
     // A USB device with a tty below it; the pty's far end.
     int AddUsbSerial(const std::string& tty_I, uint16_t vendorId_I, uint16_t productId_I);
@@ -51,7 +47,6 @@ public:
 
     // What the handler of one emulated node answers with.
     struct SNode {
-        CUmockdevRig* rig = nullptr;
         ISimI2CTarget* i2c = nullptr;
         CSimHidDevice* hid = nullptr;
         unsigned long address = 0;
@@ -66,7 +61,5 @@ private:
     std::map<int, std::string> mAdapters;
     std::list<SNode> mNodes;
     std::vector<_UMockdevIoctlBase*> mHandlers;
-    mutable std::mutex mLock;
-    std::vector<unsigned long> mSlaveSelections;
     int mUsbCount = 0;
 };
