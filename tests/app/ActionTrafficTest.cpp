@@ -71,13 +71,7 @@ TEST_F(DialogTest, EveryActionSendsTheRecordedFrames) {
     const SAction actions[] = {
         {"brightness key step",
          [&] { brightness->triggerAction(QAbstractSlider::SliderSingleStepAdd); }},
-        {"brightness drag",
-         [&] {
-             brightness->setSliderDown(true);
-             brightness->setSliderPosition(60);
-             Settle();
-             brightness->setSliderDown(false);
-         }},
+        {"brightness drag", [&] { Drag(brightness, {60}); }},
         {"contrast edit", [&] { Enter("contrastEdit", "44"); }},
         {"temperature", [&] { Choose("temperatureCombo", 0); }},
         {"colour setting", [&] { Choose("colorSettingCombo", 1); }},

@@ -73,8 +73,10 @@ void DialogTest::SetUp() {
     ASSERT_TRUE(mSettingsFolder->isValid());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mSettingsFolder->path());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, mSettingsFolder->path());
-    // The single-instance socket and help pages go to the user's runtime folder.
+    // The single-instance socket and help pages go to the user's runtime folder, profiles to
+    // the configuration folder.
     qputenv("XDG_RUNTIME_DIR", mSettingsFolder->path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", mSettingsFolder->path().toLocal8Bit());
 }
 
 void DialogTest::TearDown() {
@@ -114,12 +116,6 @@ int DialogTest::ScalerValue(size_t display_I, uint8_t code_I) {
     return value ? *value : -1;
 }
 
-int DialogTest::ScalerSaved(size_t display_I, uint8_t code_I) {
-    Settle();
-    const std::optional<uint16_t> value = mPlatform->Display(display_I).Scaler().Saved(code_I);
-    return value ? *value : -1;
-}
-
 QSettings DialogTest::StoredSettings() {
     return QSettings(QStringLiteral("Vorex"), QStringLiteral("OSD"));
 }
@@ -142,7 +138,7 @@ void DialogTest::RunColorDialog(const std::function<void(QDialog&)>& during_I) {
             color->reject();
         }
     });
-    if (Shown("setButton")) {
+    if (Find<QWidget>("setButton")->isVisibleTo(mDialog.get())) {
         Find<QPushButton>("setButton")->click();
     } else {
         // Models without a custom row get the colour dialog the way the main dialog would
@@ -170,12 +166,16 @@ void DialogTest::Enter(const char* edit_I, const QString& text_I, QWidget* in_I)
     Settle();
 }
 
-void DialogTest::Drag(QSlider* slider_I, int position_I) {
+void DialogTest::Drag(QSlider* slider_I, std::initializer_list<int> positions_I, bool release_I) {
     slider_I->setSliderDown(true);
-    slider_I->setSliderPosition(position_I);
+    for (int position : positions_I) {
+        slider_I->setSliderPosition(position);
+    }
     Settle();
-    slider_I->setSliderDown(false);
-    Settle();
+    if (release_I) {
+        slider_I->setSliderDown(false);
+        Settle();
+    }
 }
 
 void DialogTest::Settle() {
@@ -189,9 +189,4 @@ QStringList DialogTest::Rows(const char* combo_I) {
         rows << combo->itemText(i);
     }
     return rows;
-}
-
-bool DialogTest::Shown(const char* name_I) {
-    QWidget* widget = Find<QWidget>(name_I);
-    return widget != nullptr && widget->isVisibleTo(mDialog.get());
 }

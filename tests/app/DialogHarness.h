@@ -1,6 +1,7 @@
 #pragma once
-// Runs the main dialog on simulated displays under a virtual clock, with the stored position in
-// a temporary folder, a private single-instance name, and every question answered by the test.
+// Runs the main dialog on simulated displays under a virtual clock, with the stored position and
+// the profiles in a temporary folder, a private single-instance name, and every question
+// answered by the test.
 
 #include "app/CMainDialog.h"
 #include "app/IDialogOwner.h"
@@ -94,7 +95,6 @@ protected:
     UiDisplayDelegate& Current() { return *mDialog->DisplayConfigIF()->CurrentDisplay(); }
     // The value the simulated scaler holds now, -1 when it has no such code.
     int ScalerValue(size_t display_I, uint8_t code_I);
-    int ScalerSaved(size_t display_I, uint8_t code_I);
     QSettings StoredSettings();
     // What the main dialog is to the advanced and colour dialogs.
     IDialogOwner& Owner() { return *dynamic_cast<IDialogOwner*>(mDialog->SecondaryDialogs()); }
@@ -115,11 +115,10 @@ protected:
     void Choose(const char* combo_I, int row_I, QWidget* in_I = nullptr);
     // Types into an edit and presses Enter.
     void Enter(const char* edit_I, const QString& text_I, QWidget* in_I = nullptr);
-    // A slider dragged to a position and let go.
-    void Drag(QSlider* slider_I, int position_I);
+    // A drag: the thumb held, moved through the positions, then let go unless told otherwise.
+    void Drag(QSlider* slider_I, std::initializer_list<int> positions_I, bool release_I = true);
     // Values of the rows of a combo, as text.
     QStringList Rows(const char* combo_I);
-    bool Shown(const char* name_I);
     // Lets the dialog finish what the last action started.
     void Settle();
 

@@ -32,7 +32,6 @@ TEST_F(HotplugTest, TheListFollowsDisplaysPluggedInAndOutAndKeepsTheSelection) {
     ASSERT_TRUE(watcher->Watching());
     CTrayControl tray(Dialog(), true);
     const QStringList all = Rows("displayCombo");
-    ASSERT_EQ(all.size(), 3);
     Choose("displayCombo", 1);
 
     struct SRow {

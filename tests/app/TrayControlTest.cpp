@@ -2,7 +2,6 @@
 
 #include "app/CTrayControl.h"
 
-#include <QFileInfo>
 #include <QIcon>
 #include <QMenu>
 #include <QScreen>
@@ -28,14 +27,6 @@ protected:
             mTray = std::make_unique<CTrayControl>(dialog, trayAvailable_I);
         };
         return Start(description_I);
-    }
-    // The display names of the menu's sliders.
-    QStringList Displays() {
-        QStringList names;
-        for (QWidgetAction* action : mTray->Menu().findChildren<QWidgetAction*>()) {
-            names << action->text();
-        }
-        return names;
     }
     QSlider& Slider(int display_I) {
         return *mTray->Menu().findChildren<QSlider*>(QStringLiteral("trayBrightness"))[display_I];
@@ -81,7 +72,11 @@ TEST_F(TrayControlTest, EachDisplaysSliderWritesThroughTheWorkerAndShowsInTheDia
     ASSERT_TRUE(StartWithTray("Birch@ftdi,ElmLarge@video", true));
     Enter("brightnessEdit", QStringLiteral("20"));
     mTray->Rebuild();
-    EXPECT_EQ(Displays(), Rows("displayCombo"));
+    QStringList names;
+    for (QWidgetAction* action : mTray->Menu().findChildren<QWidgetAction*>()) {
+        names << action->text();
+    }
+    EXPECT_EQ(names, Rows("displayCombo"));
     EXPECT_EQ(Slider(0).value(), 20);
     EXPECT_EQ(Slider(1).value(), ScalerValue(1, kBrightness));
     for (size_t display : {0, 1}) {
@@ -105,7 +100,6 @@ TEST_F(TrayControlTest, EachDisplaysSliderWritesThroughTheWorkerAndShowsInTheDia
     EXPECT_EQ(Frames(1), 0u);
     EXPECT_EQ(ScalerValue(0, kBrightness), 50);
     EXPECT_EQ(Find<QLineEdit>("brightnessEdit")->text(), QStringLiteral("50"));
-    EXPECT_EQ(Find<QSlider>("brightnessSlider")->value(), 50);
 
     // The dialog's change shows in the tray's menu the next time it opens.
     Enter("brightnessEdit", QStringLiteral("70"));
@@ -135,6 +129,5 @@ TEST_F(TrayControlTest, PicturesOfTheMenuAndTheIconInTheTray) {
     QGuiApplication::primaryScreen()
         ->grabWindow(0, corner.x(), corner.y(), corner.width(), corner.height())
         .save(ScreenshotFolder() + QStringLiteral("/tray-corner.png"));
-    EXPECT_TRUE(QFileInfo::exists(ScreenshotFolder() + QStringLiteral("/tray-menu.png")));
     menu.hide();
 }

@@ -25,7 +25,7 @@ protected:
         ASSERT_TRUE(mTemp.isValid());
     }
 
-    QtUHMappingUtils Utils(bool reachable_I) {
+    QtUHMappingUtils Utils(bool reachable_I, const QString& temporary_I = {}) {
         QtUHMappingUtils::SServices services;
         services.reachable = [this, reachable_I](const std::string& url_I) {
             mAsked.push_back(url_I);
@@ -36,7 +36,8 @@ protected:
             return true;
         };
         services.installFolder = mInstall.path().toStdString();
-        services.temporaryFolder = mTemp.path().toStdString();
+        services.temporaryFolder =
+            (temporary_I.isEmpty() ? mTemp.path() : temporary_I).toStdString();
         return QtUHMappingUtils(SHelpSettings{}, services);
     }
 
@@ -119,14 +120,8 @@ TEST_F(UHMappingUtilsTest, OpenHelpOpensTheBuiltAddressOrNothing) {
     EXPECT_TRUE(mOpened[0].starts_with("https://help.vorex.com/UserHelp/en/TOC/PDX-2700E.html?"));
 
     // No redirect page can be written: nothing is opened.
-    QtUHMappingUtils::SServices services;
-    services.reachable = [](const std::string&) { return false; };
-    services.open = [this](const std::string& url_I) {
-        mOpened.push_back(url_I);
-        return true;
-    };
-    services.temporaryFolder = mTemp.filePath("missing/folder").toStdString();
-    QtUHMappingUtils broken(SHelpSettings{}, services);
+    Install("en/TOC/PDX-2700E.html");
+    QtUHMappingUtils broken = Utils(false, mTemp.filePath("missing/folder"));
     EXPECT_FALSE(OpenHelp(broken, "en", "PDX-2700E", "OSD"));
     EXPECT_EQ(mOpened.size(), 1u);
 }
