@@ -84,16 +84,9 @@ SSettingValue GetGamma(UiDisplayDelegate& display_I) {
     return value;
 }
 
-// Hue and saturation belong to the colour dialog's attribute choice; gain is its default slot.
 template <EColorMod slot>
 SControlState ColorStatus(UiDisplayDelegate& display_I) {
-    SControlState state = display_I.CustomColorStatus();
-    if (slot != eColorMod_Gain) {
-        const SControlState attribute = display_I.CustomAttributeStatus();
-        state.visible = state.visible && attribute.visible;
-        state.enabled = state.enabled && attribute.enabled;
-    }
-    return state;
+    return display_I.CustomColorSlotStatus(slot);
 }
 
 template <EColorMod slot>

@@ -147,6 +147,9 @@ public:
     SControlState BatteryModeStatus(bool store_I);
     SControlState ConditioningStatus();
     SControlState CustomAttributeStatus();
+    // One slot's custom colour: hue and saturation also need the attribute choice; gain is the
+    // colour dialog's default slot.
+    SControlState CustomColorSlotStatus(EColorMod slot_I);
     SControlState CmykHexStatus();
     SControlState FirmwareVersionStatus();
 

@@ -274,6 +274,16 @@ SControlState UiDisplayDelegate::CustomAttributeStatus() {
     return Shown(!IsColorManaged());
 }
 
+SControlState UiDisplayDelegate::CustomColorSlotStatus(EColorMod slot_I) {
+    SControlState state = CustomColorStatus();
+    if (slot_I != eColorMod_Gain) {
+        const SControlState attribute = CustomAttributeStatus();
+        state.visible = state.visible && attribute.visible;
+        state.enabled = state.enabled && attribute.enabled;
+    }
+    return state;
+}
+
 SControlState UiDisplayDelegate::CmykHexStatus() {
     if (IsFirFamily() || IsFirTwoFamily() || IsHazel()) {
         return SControlState::Hidden();

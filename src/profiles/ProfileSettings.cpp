@@ -18,16 +18,9 @@ bool FromResult(const SVCPResult& read_I, V& values_O) {
     return read_I.valid;
 }
 
-// Hue and saturation belong to the attribute choice of the colour dialog; gain is its default.
 template <EColorMod slot>
 SControlState ColorStatus(D& display_I) {
-    SControlState state = display_I.CustomColorStatus();
-    if (slot != eColorMod_Gain) {
-        const SControlState attribute = display_I.CustomAttributeStatus();
-        state.visible = state.visible && attribute.visible;
-        state.enabled = state.enabled && attribute.enabled;
-    }
-    return state;
+    return display_I.CustomColorSlotStatus(slot);
 }
 
 // Colours stay in the display's own scale, which is the model's, so nothing is rounded.
